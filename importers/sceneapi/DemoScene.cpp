@@ -4,8 +4,8 @@
 #include <cstdio>
 #include <exception>
 #include <filesystem>
-#include <vector>
 
+#include "importers/sceneapi/DemoContent.h"
 #include "importers/sceneapi/LightCamera.h"
 #include "importers/sceneapi/LightFactory.h"
 #include "importers/sceneapi/LightNode.h"
@@ -13,17 +13,10 @@
 
 namespace {
 
-struct Mesh {
-    std::vector<nvx::Float3> vertices;
-    std::vector<nvx::Float3> normals;
-    std::vector<float> uvs;
-    std::vector<int> triangles;
-};
-
 // A unit cube with four corners of its own on each face, so that each face
 // has flat normals and a whole texture.
-Mesh makeCube() {
-    Mesh mesh;
+demo::TriangleMesh makeCube() {
+    demo::TriangleMesh mesh;
     for (int axis = 0; axis < 3; ++axis) {
         for (float side : {-1.0f, 1.0f}) {
             const int u = (axis + 1) % 3;
@@ -53,57 +46,8 @@ Mesh makeCube() {
     return mesh;
 }
 
-void writeGeometry(nvxScene_api& scene, const Mesh& mesh) {
-    const ArrayRecord vertices{mesh.vertices.data(), mesh.vertices.size()};
-    const ArrayRecord normals{mesh.normals.data(), mesh.normals.size()};
-    const ArrayRecord uvs{mesh.uvs.data(), mesh.uvs.size()};
-    const ArrayRecord triangles{mesh.triangles.data(), mesh.triangles.size()};
-    scene.begin_geometry("triangles");
-    scene.set_attribute("vertices", ATTR_FLOAT3_ARRAY, &vertices);
-    scene.set_attribute("normals", ATTR_FLOAT3_ARRAY, &normals);
-    scene.set_attribute("uv_tex", ATTR_FLOAT_ARRAY, &uvs);
-    scene.set_attribute("triangles", ATTR_INT_ARRAY, &triangles);
-    scene.end_geometry();
-}
-
-// A checker texture fed into the diffuse colour of the renderer's standard
-// surface shader.
-void writeMaterial(nvxScene_api& scene) {
-    const int project = 1;
-    const int on = 1;
-    const int off = 0;
-    const float grey[3] = {0.8f, 0.8f, 0.8f};
-    const float diffuse[3] = {0.7f, 0.45f, 0.2f};
-    const float specular[3] = {0.04f, 0.04f, 0.04f};
-    const float roughness = 0.35f;
-    const float ior = 1.5f;
-    const float alpha = 1.0f;
-    const int glossySamples = 8;
-
-    scene.begin_material("demo_wood", true);
-    scene.begin_shader(nullptr, "texture_rgb");
-    scene.set_attribute("project", ATTR_INT, &project);
-    scene.set_attribute("wrap", ATTR_BOOL, &on);
-    scene.set_attribute("default_color", ATTR_FLOAT3, grey);
-    scene.set_attribute("texture", ATTR_STRING, "checker.png");
-    ShaderHandle* texture = scene.current_shader();
-    scene.end_shader();
-
-    scene.begin_shader(nullptr, "nvx_advanced");
-    scene.set_attribute("diffuse", ATTR_FLOAT3, diffuse);
-    scene.set_attribute("specular", ATTR_FLOAT3, specular);
-    scene.set_attribute("fresnel", ATTR_BOOL, &on);
-    scene.set_attribute("roughness", ATTR_FLOAT, &roughness);
-    scene.set_attribute("ior", ATTR_FLOAT, &ior);
-    scene.set_attribute("glossy", ATTR_BOOL, &off);
-    scene.set_attribute("glossy_samples", ATTR_INT, &glossySamples);
-    scene.set_attribute("alpha", ATTR_FLOAT, &alpha);
-    scene.set_shader_attribute("diffuse", texture);
-    ShaderHandle* surface = scene.current_shader();
-    scene.end_shader();
-    scene.set_shader(SHADER_SURFACE, surface);
-    scene.end_material();
-}
+const demo::TexturedMaterial CHECKER{"demo_checker", "checker.png", {0.7f, 0.45f, 0.2f}, {0.04f, 0.04f, 0.04f},
+                                     0.35f, 1.5f, 8};
 
 void writeDemoScene(nvx::nvxSceneapi_oo& layer) {
     nvx::DefaultRTModule module;
@@ -120,8 +64,8 @@ void writeDemoScene(nvx::nvxSceneapi_oo& layer) {
     nvxScene_api& scene = *layer.scene();
     layer.begin_group("cube");
     scene.begin_object("cube_1", true);
-    writeGeometry(scene, makeCube());
-    writeMaterial(scene);
+    demo::writeGeometry(scene, makeCube());
+    demo::writeMaterial(scene, CHECKER);
     scene.end_object();
     const double lift[16] = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0.5, 0, 1};
     layer.apply_transform(lift);

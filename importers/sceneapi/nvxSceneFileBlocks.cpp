@@ -94,7 +94,8 @@ bool nvxScene_api_file::begin_top_level_block(BlockState state, const char* head
     if (block_state != NO_BLOCK) return false;
     capturing = false;
     if (name) {
-        open_block(head, name);
+        indented("%s ", head);
+        finish_block_head(name);
     } else {
         indented("%s {\n", head);
         ++depth;
@@ -114,7 +115,7 @@ bool nvxScene_api_file::begin_options() { return begin_top_level_block(OPTIONS_B
 
 void nvxScene_api_file::end_options() { end_top_level_block(OPTIONS_BLOCK); }
 
-bool nvxScene_api_file::begin_camera(const char* name) { return begin_top_level_block(CAMERA_BLOCK, "\ncamera ", name); }
+bool nvxScene_api_file::begin_camera(const char* name) { return begin_top_level_block(CAMERA_BLOCK, "\ncamera", name); }
 
 void nvxScene_api_file::end_camera() { end_top_level_block(CAMERA_BLOCK); }
 
