@@ -12,39 +12,33 @@
 #include <string>
 #include <vector>
 
+#include "importers/sceneapi/DemoContent.h"
 #include "importers/sceneapi/nvxScene_api_file.h"
 
 namespace {
 
 constexpr int GRID = 3163;  // GRID * GRID vertices, just over 10 million
 
-struct Mesh {
-    std::vector<float> vertices;  // triples
-    std::vector<float> normals;   // triples
-    std::vector<float> uvs;       // pairs
-    std::vector<int> triangles;   // triples of indices
-
-    std::size_t vertexCount() const { return vertices.size() / 3; }
-    std::size_t bytes() const {
-        return (vertices.size() + normals.size() + uvs.size()) * sizeof(float) + triangles.size() * sizeof(int);
-    }
-};
+std::size_t meshBytes(const demo::TriangleMesh& mesh) {
+    return (mesh.vertices.size() + mesh.normals.size()) * sizeof(nvx::Float3) + mesh.uvs.size() * sizeof(float) +
+           mesh.triangles.size() * sizeof(int);
+}
 
 // A wavy square grid, two triangles a cell.
-const Mesh& gridMesh() {
-    static const Mesh mesh = [] {
-        Mesh m;
+const demo::TriangleMesh& gridMesh() {
+    static const demo::TriangleMesh mesh = [] {
+        demo::TriangleMesh m;
         const std::size_t n = GRID;
-        m.vertices.reserve(n * n * 3);
-        m.normals.reserve(n * n * 3);
+        m.vertices.reserve(n * n);
+        m.normals.reserve(n * n);
         m.uvs.reserve(n * n * 2);
         m.triangles.reserve((n - 1) * (n - 1) * 6);
         for (std::size_t row = 0; row < n; ++row) {
             for (std::size_t column = 0; column < n; ++column) {
                 const float u = static_cast<float>(column) / (n - 1);
                 const float v = static_cast<float>(row) / (n - 1);
-                m.vertices.insert(m.vertices.end(), {u, v, 0.01f * static_cast<float>((row ^ column) & 7)});
-                m.normals.insert(m.normals.end(), {0.0f, 0.0f, 1.0f});
+                m.vertices.push_back({u, v, 0.01f * static_cast<float>((row ^ column) & 7)});
+                m.normals.push_back({0.0f, 0.0f, 1.0f});
                 m.uvs.insert(m.uvs.end(), {u, v});
             }
         }
@@ -62,25 +56,16 @@ const Mesh& gridMesh() {
     return mesh;
 }
 
-void writeThroughSceneWriter(FILE* file, const Mesh& mesh) {
+void writeThroughSceneWriter(FILE* file, const demo::TriangleMesh& mesh) {
     nvxScene_api_file writer(file, true);
-    const ArrayRecord vertices{mesh.vertices.data(), mesh.vertexCount()};
-    const ArrayRecord normals{mesh.normals.data(), mesh.vertexCount()};
-    const ArrayRecord uvs{mesh.uvs.data(), mesh.uvs.size()};
-    const ArrayRecord triangles{mesh.triangles.data(), mesh.triangles.size()};
     writer.begin_object("grid", true);
-    writer.begin_geometry("triangles");
-    writer.set_attribute("vertices", ATTR_FLOAT3_ARRAY, &vertices);
-    writer.set_attribute("normals", ATTR_FLOAT3_ARRAY, &normals);
-    writer.set_attribute("uv_tex", ATTR_FLOAT_ARRAY, &uvs);
-    writer.set_attribute("triangles", ATTR_INT_ARRAY, &triangles);
-    writer.end_geometry();
+    demo::writeGeometry(writer, mesh);
     writer.end_object();
 }
 
-void writeThroughFwrite(FILE* file, const Mesh& mesh) {
-    std::fwrite(mesh.vertices.data(), sizeof(float), mesh.vertices.size(), file);
-    std::fwrite(mesh.normals.data(), sizeof(float), mesh.normals.size(), file);
+void writeThroughFwrite(FILE* file, const demo::TriangleMesh& mesh) {
+    std::fwrite(mesh.vertices.data(), sizeof(nvx::Float3), mesh.vertices.size(), file);
+    std::fwrite(mesh.normals.data(), sizeof(nvx::Float3), mesh.normals.size(), file);
     std::fwrite(mesh.uvs.data(), sizeof(float), mesh.uvs.size(), file);
     std::fwrite(mesh.triangles.data(), sizeof(int), mesh.triangles.size(), file);
 }
@@ -111,7 +96,7 @@ double median(std::vector<double> values) {
 // The machine is shared, so single runs swing widely; the best and the
 // median of the runs are compared rather than the totals.
 void BM_SceneWriterAgainstFwrite(benchmark::State& state, std::string destination) {
-    const Mesh& mesh = gridMesh();
+    const demo::TriangleMesh& mesh = gridMesh();
     std::vector<double> writerSeconds;
     std::vector<double> fwriteSeconds;
     for (auto _ : state) {
@@ -121,14 +106,14 @@ void BM_SceneWriterAgainstFwrite(benchmark::State& state, std::string destinatio
         fwriteSeconds.push_back(timedWrite(destination, writeThroughFwrite));
         if (!writerFirst) writerSeconds.push_back(timedWrite(destination, writeThroughSceneWriter));
     }
-    const double bytes = static_cast<double>(mesh.bytes());
+    const double bytes = static_cast<double>(meshBytes(mesh));
     const double bestWriter = *std::min_element(writerSeconds.begin(), writerSeconds.end());
     const double bestFwrite = *std::min_element(fwriteSeconds.begin(), fwriteSeconds.end());
     state.counters["writer_MBps"] = bytes / bestWriter / 1e6;
     state.counters["fwrite_MBps"] = bytes / bestFwrite / 1e6;
     state.counters["ratio_best"] = bestFwrite / bestWriter;
     state.counters["ratio_median"] = median(fwriteSeconds) / median(writerSeconds);
-    state.counters["vertices_M"] = static_cast<double>(mesh.vertexCount()) / 1e6;
+    state.counters["vertices_M"] = static_cast<double>(mesh.vertices.size()) / 1e6;
     state.counters["triangles_M"] = static_cast<double>(mesh.triangles.size() / 3) / 1e6;
     if (destination != "/dev/null") std::remove(destination.c_str());
 }
