@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <exception>
 #include <filesystem>
+#include <string>
 
 #include "importers/sceneapi/DemoContent.h"
 #include "importers/sceneapi/LightCamera.h"
@@ -87,10 +88,16 @@ int main(int argc, char** argv) {
             nvx::nvxSceneapi_oo layer(factory);
             writeDemoScene(layer);
         }
-        std::error_code error;
-        const auto size = std::filesystem::file_size(argv[1], error);
-        std::printf("wrote demo scene to %s (%llu bytes)\n", argv[1],
-                    error ? 0ULL : static_cast<unsigned long long>(size));
+        const std::string path = argv[1];
+        if (path == "-") {
+            // Standard output carries the scene; this line goes to standard error.
+            std::printf("wrote demo scene to standard output\n");
+        } else {
+            std::error_code error;
+            const auto size = std::filesystem::file_size(path, error);
+            std::printf("wrote demo scene to %s (%llu bytes)\n", path.c_str(),
+                        error ? 0ULL : static_cast<unsigned long long>(size));
+        }
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "vantrel-demo-scene: %s\n", failure.what());
         return 1;

@@ -176,23 +176,6 @@ TEST(FileWriterStatements, OneLineStatements) {
               "\"diffuse\" ! 4,\n");
 }
 
-TEST(FileWriterStatements, UnusedOperationsAnswerAsTheContractSays) {
-    SceneCapture out;
-    EXPECT_FALSE(out->connect("localhost", 1, 1));
-    EXPECT_FALSE(out->disconnect());
-    EXPECT_FALSE(out->reserved_link());
-    EXPECT_FALSE(out->reserved_flag_a());
-    EXPECT_FALSE(out->reserved_flag_b());
-    EXPECT_FALSE(out->reserved_flag_c());
-    EXPECT_EQ(out->reserved_count_a(), 10);
-    EXPECT_EQ(out->reserved_count_b(), 10);
-    EXPECT_EQ(out->reserved_count_c(), 0);
-    out->reserved_first();
-    out->reserved_notify_a();
-    out->reserved_notify_b();
-    EXPECT_EQ(out.text(), "");
-}
-
 TEST(FileWriterQuoting, PlainAndHexForms) {
     SceneCapture out;
     for (const char* text : {"a", "", "back\\slash", "say \"hi\"", "caf\xc3\xa9", "two\nlines", "cr\r"}) {
