@@ -1,6 +1,7 @@
 // The statements of the scene file writer, byte for byte.
 #include <gtest/gtest.h>
 
+#include <clocale>
 #include <cstdio>
 
 #include "tests/sceneapi/SceneCapture.h"
@@ -221,6 +222,17 @@ TEST(FileWriterFailures, NoStreamWritesNothingAndShortWritesAreRemembered) {
         EXPECT_TRUE(writer.any_write_failed());
     }
     std::fclose(readOnly);
+}
+
+// The writer switches numbers to the "C" locale and leaves it so: what it
+// restores is the name it got back when switching, which is "C" itself.
+TEST(FileWriterLocale, NumericLocaleStaysCAfterTheWriter) {
+    ASSERT_NE(std::setlocale(LC_NUMERIC, "C.utf8"), nullptr);
+    {
+        SceneCapture out;
+        EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
+    }
+    EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
 }
 
 }  // namespace
