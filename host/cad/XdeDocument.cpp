@@ -11,7 +11,10 @@ XdeDocument::XdeDocument() {
     XCAFApp_Application::GetApplication()->NewDocument("MDTV-XCAF", document_);
 }
 
+// Layer and graph attributes hold each other; forgetting every attribute
+// first unlinks them, so that closing frees them all.
 XdeDocument::~XdeDocument() {
+    document_->Main().Root().ForgetAllAttributes(Standard_True);
     XCAFApp_Application::GetApplication()->Close(document_);
 }
 
