@@ -81,8 +81,4 @@ std::array<double, 3> centroidOf(const FaceTessellation& mesh, int triangle) {
     return sum;
 }
 
-double dot(const std::array<double, 3>& a, const std::array<double, 3>& b) {
-    return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
-}
-
 }  // namespace host::cad::testing

@@ -39,6 +39,5 @@ std::array<double, 3> normalOf(const FaceTessellation& mesh, int vertex);
 // The normal that the triangle's corners give in their counter-clockwise order.
 std::array<double, 3> windingNormal(const FaceTessellation& mesh, int triangle);
 std::array<double, 3> centroidOf(const FaceTessellation& mesh, int triangle);
-double dot(const std::array<double, 3>& a, const std::array<double, 3>& b);
 
 }  // namespace host::cad::testing
