@@ -74,7 +74,7 @@ struct CadPart {
     std::vector<Facet> facets;   // triangles of meshes that have no exact surface
     std::optional<CadAppearance> appearance;
     std::vector<std::string> layerNames;
-    Outline outline;
+    Outline outline;  // holds the part; around free-form faces it may stand a little off them
 };
 
 enum class NodeKind { part, assembly };
