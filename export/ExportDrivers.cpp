@@ -16,6 +16,9 @@
 #include "importers/sceneapi/LightFactory.h"
 #include "importers/sceneapi/RepeatLinkFactory.h"
 #include "importers/sceneapi/nvxSceneapi_oo.h"
+#include "platform/Files.h"
+#include "plugin/FinishDialog.h"
+#include "plugin/SettingsFile.h"
 #include "plugin/VantrelPlugin.h"
 #include "toolkit/btk/TextConversion.h"
 
@@ -75,7 +78,7 @@ RunEnd runScene(VantrelPlugin& plugin, ExportRoad road) {
 
     std::unique_ptr<nvx::LightFactory> factory = makeFactory(plugin, road, current.name);
     // The layer lives for the run; plugin.scene is stale afterwards.
-    auto layer = std::make_unique<nvx::nvxSceneapi_oo>(factory.get());
+    auto layer = std::make_unique<nvx::nvxSceneapi_oo>(*factory);
     plugin.scene = layer.get();
     if (!plugin.scene->scene()) {
         if (road == ExportRoad::Render) std::printf("Failed");

@@ -1,8 +1,10 @@
 #include "export/SceneArrays.h"
 
+#include <cstddef>
+
 namespace {
 
-void setArray(nvxScene_api& scene, const char* name, int type, const void* data, size_t count) {
+void setArray(nvxScene_api& scene, const char* name, int type, const void* data, std::size_t count) {
     ArrayRecord array{data, count};
     scene.set_attribute(name, type, &array);
 }

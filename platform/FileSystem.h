@@ -6,4 +6,8 @@ namespace platform {
 
 bool directoryExists(const std::string& path);
 
+// The directory that holds the running program, as a wide path without a
+// trailing separator; empty if the system can't tell.
+std::u16string executableDirectory();
+
 }  // namespace platform

@@ -10,4 +10,14 @@ bool directoryExists(const std::string& path) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
 }
 
+std::u16string executableDirectory() {
+    wchar_t buffer[MAX_PATH];
+    DWORD length = GetModuleFileNameW(nullptr, buffer, MAX_PATH);
+    if (length == 0 || length >= MAX_PATH) return {};
+    std::u16string path(reinterpret_cast<const char16_t*>(buffer), length);
+    size_t separator = path.find_last_of(u"\\/");
+    if (separator == std::u16string::npos) return {};
+    return path.substr(0, separator);
+}
+
 }  // namespace platform

@@ -1,0 +1,34 @@
+#pragma once
+// Consistency checks and a head count over a read scene.
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "scenereader/SceneDocument.h"
+
+namespace scenereader {
+
+// The problems found, one sentence each, empty for a sound scene. For every
+// "triangles" geometry: "vertices" present as float triples; "triangles" an
+// integer array of whole triples whose indices lie in [0, vertex count);
+// "normals", if present, one per vertex; "uv_tex", if present, two floats per
+// vertex; no value that is not a finite number in those arrays. Anywhere: no
+// number written as "nan" or "inf".
+std::vector<std::string> checkScene(const Document& document);
+
+struct SceneSummary {
+    size_t groups = 0;
+    size_t objects = 0;
+    size_t triangleMeshes = 0;  // "triangles" geometries
+    size_t triangles = 0;       // triangles in all of them
+    size_t materials = 0;
+    size_t cameras = 0;
+    size_t nurbsObjects = 0;    // "nurbs" geometries
+};
+
+SceneSummary summarize(const Document& document);
+
+// "2 groups, 3 objects, 3 triangle meshes with 120 triangles, ...".
+std::string describeSummary(const SceneSummary& summary);
+
+}  // namespace scenereader

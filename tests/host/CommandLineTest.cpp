@@ -1,0 +1,133 @@
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+
+#include "tests/host/PluginFolder.h"
+
+namespace {
+
+struct ProgramRun {
+    int exitCode = -1;
+    std::string out;
+    std::string err;
+};
+
+std::string readFile(const std::filesystem::path& path) {
+    std::ostringstream content;
+    content << std::ifstream(path, std::ios::binary).rdbuf();
+    return content.str();
+}
+
+// Runs vantrel-host as a process on a test plug-in, by default the minimal
+// one with its message file in place.
+class CommandLine : public testing::Test {
+protected:
+    explicit CommandLine(const std::filesystem::path& library = VANTREL_TEST_PLUGIN_MINIMAL,
+                         std::string_view fileName = "libtest_plugin.so")
+        : folder(library, fileName) {
+        folder.write("text/usascii/test_plugin_msg.txt", testMessageFile);
+    }
+
+    // The arguments are already quoted for the shell.
+    ProgramRun run(const std::string& arguments, const std::filesystem::path& program = VANTREL_HOST_PROGRAM) const {
+        std::filesystem::path out = folder.root() / "stdout.txt";
+        std::filesystem::path err = folder.root() / "stderr.txt";
+        std::string command =
+            "'" + program.string() + "' " + arguments + " >'" + out.string() + "' 2>'" + err.string() + "'";
+        int status = std::system(command.c_str());
+        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, readFile(out), readFile(err)};
+    }
+    std::string withPlugin(const std::string& arguments) const {
+        return "--plugin '" + folder.plugin().string() + "' " + arguments;
+    }
+
+    PluginFolder folder;
+};
+
+TEST_F(CommandLine, ListsCommandsWithLabelsHelpTextsAndIcons) {
+    folder.write("text/resource/test.png", "png");
+    ProgramRun listing = run(withPlugin("commands"));
+    EXPECT_EQ(listing.exitCode, 0) << listing.err;
+    EXPECT_EQ(listing.out,
+              "2 commands\n"
+              "\"Test Command\"\n"
+              "  label: Test label  [testCommand]\n"
+              "  help:  Test help text  [testCommandHelp]\n"
+              "  icon:  test.png (found)\n"
+              "\"Unavailable Command\"\n"
+              "  label: (not designated)\n"
+              "  help:  (not designated)\n"
+              "  icon:  (none)\n");
+    EXPECT_EQ(listing.err, "");
+}
+
+TEST_F(CommandLine, PressRunsTheCommandAndListsTheIcons) {
+    ProgramRun press = run(withPlugin("press 'Test Command'"));
+    EXPECT_EQ(press.exitCode, 0) << press.err;
+    EXPECT_EQ(press.out,
+              "pressed \"Test Command\": the action answered 42\n"
+              "icons:\n"
+              "  \"Test Command\": pressed.png (file not found)\n"
+              "  \"Unavailable Command\": (none)\n");
+}
+
+TEST_F(CommandLine, ErrorsAreNamedWithANonZeroExit) {
+    ProgramRun unknown = run(withPlugin("press 'No Such Command'"));
+    EXPECT_EQ(unknown.exitCode, 1);
+    EXPECT_EQ(unknown.err, "vantrel-host: error: unknown command \"No Such Command\"\n");
+
+    std::filesystem::remove(folder.root() / "text" / "usascii" / "test_plugin_msg.txt");
+    ProgramRun logged = run(withPlugin("press 'Test Command'"));
+    EXPECT_EQ(logged.exitCode, 1);
+    EXPECT_NE(logged.err.find("vantrel-host: ProMessageToBuffer: message file \"test_plugin_msg.txt\" not found"),
+              std::string::npos)
+        << logged.err;
+
+    ProgramRun missing = run("--plugin /nonexistent/libnothing.so commands");
+    EXPECT_EQ(missing.exitCode, 1);
+    EXPECT_NE(missing.err.find("can't load the plug-in \"/nonexistent/libnothing.so\""), std::string::npos);
+
+    ProgramRun usage = run("press");
+    EXPECT_EQ(usage.exitCode, 2);
+    EXPECT_NE(usage.err.find("press needs a command name"), std::string::npos) << usage.err;
+
+    ProgramRun help = run("--help");
+    EXPECT_EQ(help.exitCode, 0);
+    EXPECT_TRUE(help.out.starts_with("usage: vantrel-host [--plugin PATH] [--workdir DIR] commands\n")) << help.out;
+}
+
+class CommandLineWithoutTerminate : public CommandLine {
+protected:
+    CommandLineWithoutTerminate() : CommandLine(VANTREL_TEST_PLUGIN_NO_TERMINATE) {}
+};
+
+TEST_F(CommandLineWithoutTerminate, MissingEntryPointIsNamed) {
+    ProgramRun refused = run(withPlugin("commands"));
+    EXPECT_EQ(refused.exitCode, 1);
+    EXPECT_NE(refused.err.find("has no entry point \"user_terminate_plus\""), std::string::npos) << refused.err;
+}
+
+class CommandLineBesideThePlugin : public CommandLine {
+protected:
+    CommandLineBesideThePlugin() : CommandLine(VANTREL_TEST_PLUGIN_MINIMAL, "libvantrel_plugin.so") {
+        std::filesystem::copy_file(VANTREL_HOST_PROGRAM, program);
+    }
+    std::filesystem::path program = folder.root() / "vantrel-host";
+};
+
+TEST_F(CommandLineBesideThePlugin, LoadsItByDefaultInTheGivenWorkingDirectory) {
+    // The plug-in reads its settings from the working directory.
+    folder.write("work/test_plugin_settings.txt", "from_settings.png\n");
+    ProgramRun listing = run("--workdir '" + (folder.root() / "work").string() + "' commands", program);
+    EXPECT_EQ(listing.exitCode, 0) << listing.err;
+    EXPECT_NE(listing.out.find("  icon:  from_settings.png (file not found)\n"), std::string::npos) << listing.out;
+
+    ProgramRun badDirectory = run("--workdir /nonexistent/dir commands", program);
+    EXPECT_EQ(badDirectory.exitCode, 1);
+    EXPECT_NE(badDirectory.err.find("can't change to the working directory \"/nonexistent/dir\""), std::string::npos);
+}
+
+}  // namespace

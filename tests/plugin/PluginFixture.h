@@ -1,0 +1,32 @@
+#pragma once
+// A test of the plug-in in a working directory of its own, where the settings
+// file lies, with the fake host's table in place.
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "plugin/SettingsFile.h"
+#include "plugin/VantrelPlugin.h"
+#include "tests/toolkit/FakeHost.h"
+#include "tests/toolkit/TemporaryDirectory.h"
+
+class PluginTest : public testing::Test {
+protected:
+    void SetUp() override {
+        fakehost::reset();
+        fakehost::install(table);
+    }
+    void TearDown() override { VantrelPlugin::destroyInstance(); }
+
+    static void writeSettings(const std::string& content) { std::ofstream(settingsFileName) << content; }
+    static std::string readSettings() {
+        std::ifstream file(settingsFileName, std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    }
+
+    TemporaryDirectory directory{"vantrel_plugin_test"};
+    WorkingDirectoryScope workingDirectory{directory.path()};
+    std::vector<HostFunctionEntry> table = fakehost::table();
+};

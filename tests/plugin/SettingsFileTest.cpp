@@ -1,0 +1,97 @@
+#include "tests/plugin/PluginFixture.h"
+#include "tests/toolkit/LocaleScope.h"
+
+namespace {
+
+using SettingsFile = PluginTest;
+
+std::string document(const std::string& children) { return "<?xml version=\"1.0\" ?><any_root>" + children + "</any_root>"; }
+
+void expectDefaults(const PluginSettings& settings) {
+    EXPECT_EQ(settings.tessellationQuality, 0.2);
+    EXPECT_EQ(settings.upAxis, 1);
+    EXPECT_EQ(settings.selectionMode, 0);
+    EXPECT_EQ(settings.exportPath + settings.fraPath, u"");
+    EXPECT_EQ(std::vector<bool>({settings.promptForMechanism, settings.includeNURBS, settings.separateMaterials,
+                                 settings.useAssemblyMaterials}),
+              std::vector<bool>({false, true, true, false}));
+}
+
+TEST_F(SettingsFile, MissingEmptyOrMalformedFileLeavesTheDefaults) {
+    for (const char* content : {"", "<vantrel_plugin_settings><upAxis>3</upAxis>"}) {
+        writeSettings(content);
+        VantrelPlugin plugin;
+        expectDefaults(plugin.settings);
+    }
+    std::filesystem::remove(settingsFileName);
+    expectDefaults(VantrelPlugin().settings);
+}
+
+TEST_F(SettingsFile, EveryFieldIsReadFromARootOfAnyName) {
+    writeSettings(document("<tessellationQuality>0.75</tessellationQuality><upAxis>7</upAxis>"
+                           "<selectionMode>manual</selectionMode><includeNURBS>false</includeNURBS>"
+                           "<separateMaterials>false</separateMaterials><useAssemblyMaterials>true"
+                           "</useAssemblyMaterials><promptForMechanism>true</promptForMechanism>"
+                           "<exportPath>/a &amp; b.vnz</exportPath><fraPath>/m.fra</fraPath>"));
+    VantrelPlugin plugin;
+    const PluginSettings& settings = plugin.settings;
+    EXPECT_EQ(settings.tessellationQuality + plugin.previousTessellationQuality, 1.5);
+    EXPECT_EQ(settings.upAxis, 7) << "kept without a check";
+    EXPECT_EQ(settings.selectionMode, 1);
+    EXPECT_EQ(std::vector<bool>({settings.promptForMechanism, settings.includeNURBS, settings.separateMaterials,
+                                 settings.useAssemblyMaterials}),
+              std::vector<bool>({true, false, false, true}));
+    EXPECT_EQ(settings.exportPath + settings.fraPath, u"/a & b.vnz/m.fra");
+}
+
+TEST_F(SettingsFile, OddTextsAndNodesChangeOnlyWhatTheRulesSay) {
+    writeSettings(document("<upAxis>2</upAxis>"));
+    VantrelPlugin plugin;
+    EXPECT_EQ(plugin.settings.upAxis, 2);
+    plugin.settings.upAxis = 1;
+    expectDefaults(plugin.settings);
+
+    plugin.settings.selectionMode = 1;
+    plugin.settings.exportPath = u"/old.vnz";
+    writeSettings(document("<selectionMode>Manual</selectionMode><includeNURBS>yes</includeNURBS>"
+                           "<tessellationQuality>fine</tessellationQuality><exportPath></exportPath><fraPath/>"
+                           "<!--upAxis--><upAxis>4</upAxis>"));
+    loadSettings(plugin);
+    EXPECT_EQ(plugin.settings.selectionMode, 1) << "\"Manual\" is no selection mode";
+    EXPECT_FALSE(plugin.settings.includeNURBS) << "only \"true\" is true";
+    EXPECT_EQ(plugin.settings.tessellationQuality, 0.0) << "a text that is no number gives 0";
+    EXPECT_EQ(plugin.settings.exportPath, u"/old.vnz") << "an empty path element leaves the path";
+    EXPECT_EQ(plugin.settings.upAxis, 1) << "the first child named upAxis is a comment, no element";
+}
+
+TEST_F(SettingsFile, SaveWritesEveryFieldInOrder) {
+    VantrelPlugin plugin;
+    plugin.settings.exportPath = u"/scenes/a<b>.vnz";
+    plugin.settings.promptForMechanism = true;
+    plugin.settings.selectionMode = 2;
+    saveSettings(plugin);
+    EXPECT_EQ(readSettings(),
+              "<?xml version=\"1.0\" ?>\n<vantrel_plugin_settings>\n"
+              "    <tessellationQuality>0.200000</tessellationQuality>\n    <upAxis>1</upAxis>\n"
+              "    <selectionMode>manual</selectionMode>\n    <includeNURBS>true</includeNURBS>\n"
+              "    <separateMaterials>true</separateMaterials>\n    <useAssemblyMaterials>false</useAssemblyMaterials>\n"
+              "    <promptForMechanism>true</promptForMechanism>\n    <exportPath>/scenes/a&lt;b&gt;.vnz</exportPath>\n"
+              "    <fraPath></fraPath>\n</vantrel_plugin_settings>\n");
+}
+
+TEST_F(SettingsFile, PathsRoundTripInTheSystemCodePageUpTo1023Bytes) {
+    LocaleScope locale("C.UTF-8");
+    if (!locale.ok()) GTEST_SKIP() << "the C.UTF-8 locale is not installed";
+    VantrelPlugin plugin;
+    plugin.settings.exportPath = u"/Gr\u00fc\u00dfe/\u6a21\u578b.vnz";
+    plugin.settings.fraPath = std::u16string(1020, u'p') + u"\u00e9\u00e9";
+    plugin.settings.tessellationQuality = 0.123456789;
+    saveSettings(plugin);
+    EXPECT_NE(readSettings().find("/Gr\xc3\xbc\xc3\x9f" "e/\xe6\xa8\xa1\xe5\x9e\x8b.vnz"), std::string::npos);
+    VantrelPlugin reloaded;
+    EXPECT_EQ(reloaded.settings.exportPath, plugin.settings.exportPath);
+    EXPECT_EQ(reloaded.settings.fraPath, std::u16string(1020, u'p') + u"\u00e9") << "the second 2-byte e is cut";
+    EXPECT_EQ(reloaded.settings.tessellationQuality, 0.123457) << "six decimals";
+}
+
+}  // namespace

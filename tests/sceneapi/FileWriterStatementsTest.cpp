@@ -1,0 +1,238 @@
+// The statements of the scene file writer, byte for byte.
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <cstdio>
+
+#include "tests/sceneapi/SceneCapture.h"
+
+namespace {
+
+using scenetest::SceneCapture;
+
+const int FIVE = 5;
+
+TEST(FileWriterBlocks, GroupsAndObjectsSwitchToKeywordFormAndBack) {
+    SceneCapture out;
+    out->set_attribute("top", ATTR_INT, &FIVE);
+    EXPECT_TRUE(out->begin_group("g", true));
+    out->set_attribute("in_group", ATTR_INT, &FIVE);
+    out->begin_group("d", false);
+    out->end_group();
+    EXPECT_TRUE(out->begin_object("o", true));
+    out->begin_geometry("triangles");
+    out->set_attribute("in_geometry", ATTR_INT, &FIVE);
+    out->end_geometry();
+    out->set_attribute("in_object", ATTR_INT, &FIVE);
+    out->end_object();
+    out->begin_object("def", false);
+    out->end_object();
+    out->end_group();
+    out->set_attribute("after", ATTR_INT, &FIVE);
+    EXPECT_EQ(out.text(),
+              "\"top\" 5,\n"
+              "\ngroup \"g\" {\n"
+              "in_group 5\n"
+              "\n#define group \"d\" {\n}\n"
+              "object \"o\" {\n"
+              "geometry \"triangles\" {\n\"in_geometry\" 5,\n}\n"
+              "in_object 5\n"
+              "}\n"
+              "#define object \"def\" {\n}\n"
+              "}\n"
+              "\"after\" 5,\n");
+}
+
+TEST(FileWriterBlocks, AnimationLoadLightAccelOutputMatrixMaterial) {
+    SceneCapture out;
+    out->begin_group("g", true);
+    out->begin_animation("fbx_animation", "walk");
+    out->set_attribute("start_time", ATTR_INT, &FIVE);
+    out->end_animation();
+    out->begin_load("nvxrtopt.so");
+    out->set_attribute("inherits", ATTR_INT, &FIVE);
+    out->end_load();
+    out->begin_light("sun");
+    out->end_light();
+    out->begin_accel("bvh");
+    out->set_attribute("a", ATTR_INT, &FIVE);
+    out->end_accel();
+    out->begin_output("rgba", "png", "out.png");
+    out->set_attribute("b", ATTR_INT, &FIVE);
+    out->end_output();
+    out->begin_matrix("m");
+    out->end_matrix();
+    out->begin_material("inline", true);
+    out->end_material();
+    out->begin_material("defined", false);
+    out->end_material();
+    EXPECT_TRUE(out->use_material("defined"));
+    out->set_attribute("c", ATTR_INT, &FIVE);
+    out->end_group();
+    EXPECT_EQ(out.text(),
+              "\ngroup \"g\" {\n"
+              "animation \"fbx_animation\" \"walk\" {\n\"start_time\" 5,\n}\n"
+              "load \"nvxrtopt.so\" {\ninherits 5\n}\n"
+              "\nlight \"sun\" {\n}\n"
+              "\naccel \"bvh\" {\n\"a\" 5,\n}\n"
+              "output \"rgba\" \"png\" \"out.png\" {\n\"b\" 5,\n}\n"
+              "#define matrix \"m\" {\n}\n"
+              "material \"inline\" {\n}\n"
+              "\n#define material \"defined\" {\n}\n"
+              "material \"defined\"\n"
+              "c 5\n"
+              "}\n");
+}
+
+TEST(FileWriterBlocks, TopLevelBlocksAreRefusedWhileAnotherIsOpen) {
+    SceneCapture out;
+    out->begin_object("o", true);
+    EXPECT_FALSE(out->begin_camera("c"));
+    EXPECT_FALSE(out->begin_options());
+    EXPECT_FALSE(out->begin_image());
+    EXPECT_FALSE(out->modify_camera("c"));
+    out->end_object();
+    EXPECT_TRUE(out->begin_camera("c"));
+    out->set_attribute("fov", ATTR_INT, &FIVE);
+    EXPECT_FALSE(out->begin_camera("second"));
+    out->end_camera();
+    out->end_camera();
+    EXPECT_TRUE(out->begin_camera(nullptr));
+    out->end_camera();
+    EXPECT_TRUE(out->begin_options());
+    out->end_options();
+    EXPECT_TRUE(out->begin_image());
+    out->end_image();
+    EXPECT_TRUE(out->modify_camera("m"));
+    out->end_camera();
+    EXPECT_EQ(out.text(),
+              "object \"o\" {\n#modify }\n"
+              "\ncamera \"c\" {\nfov 5\n}\n"
+              "\ncamera {\n}\n"
+              "\noptions {\n}\n"
+              "\nimage {\n}\n"
+              "#modify \ncamera \"m\" {\n}\n");
+}
+
+TEST(FileWriterBlocks, EndOptionsWithNothingOpenOnlyResetsTheForm) {
+    SceneCapture out;
+    out->begin_group("g", true);
+    out->end_options();
+    out->set_attribute("a", ATTR_INT, &FIVE);
+    out->end_group();
+    EXPECT_EQ(out.text(), "\ngroup \"g\" {\n\"a\" 5,\n}\n");
+}
+
+TEST(FileWriterStatements, TransformsNarrowMatrixValuesToFloat) {
+    SceneCapture out;
+    const double m[16] = {1e39, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0.1, 2.5, -3, 1};
+    out->apply_transform(m);
+    out->set_transform(m);
+    out->scale(1.5, 2, 3);
+    out->rotate(0, 90, 0);
+    out->translate(1e39, 0, -0.25);
+    EXPECT_EQ(out.text(),
+              "transform inf 0 0 0 0 1 0 0 0 0 1 0 0.1 2.5 -3 1\n"
+              "set transform inf 0 0 0 0 1 0 0 0 0 1 0 0.1 2.5 -3 1\n"
+              "scale 1.5 2 3\n"
+              "rotate 0 90 0\n"
+              "translate 1e+39 0 -0.25\n");
+}
+
+TEST(FileWriterStatements, OneLineStatements) {
+    SceneCapture out;
+    const unsigned char icon[] = {0x01, 0xab, 0x0a};
+    out->declare_attribute("float", "x");
+    out->write_text("%d-%s\n", 3, "x");
+    out->set_version(7);
+    out->set_version(~0u);
+    out->progress("half", 0.5f);
+    out->set_icon(icon, 3);
+    out->set_blob_attribute("blob", icon, 2);
+    out->set_id(5);
+    out->set_flags(66560);
+    EXPECT_TRUE(out->render());
+    out->print_message("hello");
+    out->print_error("100%% wrong");
+    out->set_shader_id(SHADER_SURFACE, 4);
+    out->set_shader_id(SHADER_REFLECTION_MAP, 2);
+    out->set_shader_id(7, 5);
+    out->set_shader_attribute_id("diffuse", 4);
+    EXPECT_EQ(out.text(),
+              "attribute \"float\" \"x\"\n"
+              "3-x\n"
+              "version 7\n\n"
+              "version 9\n\n"
+              "progress \"half\" 0.500\n\n"
+              "icon bX01ab0a\n"
+              "blob bX01ab\n"
+              "id 5\n"
+              "flags 66560\n"
+              "\nrender\n"
+              "#print \"hello\"\n"
+              "#error \"100% wrong\"\n"
+              "surface 4\n"
+              "reflection map 2\n"
+              "// assuming surface shader\nsurface  5\n"
+              "\"diffuse\" ! 4,\n");
+}
+
+TEST(FileWriterQuoting, PlainAndHexForms) {
+    SceneCapture out;
+    for (const char* text : {"a", "", "back\\slash", "say \"hi\"", "caf\xc3\xa9", "two\nlines", "cr\r"}) {
+        out->set_attribute(text, ATTR_STRING, text);
+    }
+    EXPECT_EQ(out.text(),
+              "\"a\" \"a\",\n"
+              "\"\" \"\",\n"
+              "\"back\\slash\" \"back\\slash\",\n"
+              "xX7361792022686922 xX7361792022686922,\n"
+              "xX636166c3a9 xX636166c3a9,\n"
+              "xX74776f0a6c696e6573 xX74776f0a6c696e6573,\n"
+              "xX63720d xX63720d,\n");
+}
+
+TEST(FileWriterIndentation, DepthShowsOnlyWhenTheModeAllowsIt) {
+    SceneCapture out;
+    out->set_mode(0);
+    out->begin_group("g", true);
+    out->set_attribute("a", ATTR_INT, &FIVE);
+    out->begin_array("t");
+    out->add_array_value(ATTR_INT, &FIVE);
+    out->end_array();
+    out->end_group();
+    EXPECT_EQ(out.text(), "\ngroup \"g\" {\n a 5\n \"t\" [\n  5 ],\n}\n");
+}
+
+TEST(FileWriterFailures, NoStreamWritesNothingAndShortWritesAreRemembered) {
+    nvxScene_api_file silent(nullptr, true);
+    const float values[3] = {1, 2, 3};
+    const ArrayRecord triples{values, 1};
+    silent.begin_group("g", true);
+    silent.set_attribute("v", ATTR_FLOAT3_ARRAY, &triples);
+    silent.end_group();
+    EXPECT_FALSE(silent.any_write_failed());
+
+    FILE* readOnly = std::fopen("/dev/null", "r");
+    ASSERT_NE(readOnly, nullptr);
+    {
+        nvxScene_api_file writer(readOnly, true);
+        EXPECT_FALSE(writer.any_write_failed());
+        writer.set_attribute("v", ATTR_FLOAT3_ARRAY, &triples);
+        EXPECT_TRUE(writer.any_write_failed());
+    }
+    std::fclose(readOnly);
+}
+
+// The writer switches numbers to the "C" locale and leaves it so: what it
+// restores is the name it got back when switching, which is "C" itself.
+TEST(FileWriterLocale, NumericLocaleStaysCAfterTheWriter) {
+    ASSERT_NE(std::setlocale(LC_NUMERIC, "C.utf8"), nullptr);
+    {
+        SceneCapture out;
+        EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
+    }
+    EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
+}
+
+}  // namespace
