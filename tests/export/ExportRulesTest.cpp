@@ -56,7 +56,7 @@ TEST(MatrixMath, MultiplyTakesRowsOfTheFirstAgainstColumnsOfTheSecond) {
 
 TEST(TessellationQuality, ChordHeightFollowsTheQualityFormula) {
     const double d = 1000.0;
-    EXPECT_DOUBLE_EQ(chordHeightFor(d, 1.0), d * 0.0000001);
+    EXPECT_NEAR(chordHeightFor(d, 1.0), d * 0.0000001, 1e-15);
     EXPECT_DOUBLE_EQ(chordHeightFor(d, 0.0), d * 0.0005);
     double t = std::log(0.2) * 0.2 + 1.0;
     EXPECT_NEAR(t, 0.678, 0.001);
