@@ -1,7 +1,20 @@
 #pragma once
-// A model open in the host session. For now a name and a type; units, solids,
-// surfaces, features, layers, views and appearances hang off it as they come.
+// A model open in the host session: a part or an assembly with its units,
+// views, appearance, surfaces, quilts, facet sets, features (components among
+// them), layers and simplified representations. Tests build models by hand;
+// the model loader builds them from CAD files.
+//
+// Everything the plug-in gets a handle to (models, surfaces, quilts, facet
+// sets, facets) keeps its address while a run goes on: build a model
+// completely before the plug-in sees it.
+#include <array>
+#include <memory>
+#include <optional>
 #include <string>
+#include <vector>
+
+#include "host/geometry/SurfaceGeometry.h"
+#include "toolkit/ProToolkit.h"
 
 namespace host {
 
@@ -9,9 +22,119 @@ namespace host {
 inline constexpr int modelTypeAssembly = 1;
 inline constexpr int modelTypePart = 2;
 
+// The host's feature types and statuses.
+inline constexpr int featureTypeSolid = 917;
+inline constexpr int featureTypeComponent = 1000;
+inline constexpr int featureTypeThread = 1070;
+inline constexpr int featureStatusActive = 0;
+inline constexpr int featureStatusSuppressed = 5;
+
+// Types of model items (ProModelitem::type) that the host hands out.
+inline constexpr int itemTypeFeature = 1;
+inline constexpr int itemTypeSurface = 5;
+inline constexpr int itemTypeQuilt = 54;
+inline constexpr int itemTypeLayer = 7;
+inline constexpr int itemTypeSimprep = 52;
+// A model's own item has the model's type code (1 or 2).
+
+// Layer item types and display statuses.
+inline constexpr int layerItemFeature = 3;
+inline constexpr int layerItemQuilt = 57;
+inline constexpr int layerNoStatus = -1;
+inline constexpr int layerNormal = 1;
+inline constexpr int layerDisplay = 2;
+inline constexpr int layerBlank = 3;
+inline constexpr int layerHidden = 5;
+
+// Row vectors, translation in row 3.
+using Matrix = std::array<std::array<double, 4>, 4>;
+Matrix identityMatrix();
+
+struct Model;
+
+struct Surface {
+    int id = 0;
+    int featureId = 0;        // the feature that owns the surface
+    bool inactive = false;
+    std::shared_ptr<const SurfaceGeometry> geometry;
+    std::optional<AppearanceProps> appearance;  // none: the surface has no appearance of its own
+    std::optional<TextureProps> texture;
+};
+
+struct Quilt {
+    int id = 0;
+    int featureId = 0;
+    bool hidden = false;
+    bool inactive = false;
+    bool backup = false;      // a backup copy of another quilt
+    std::vector<Surface> surfaces;
+};
+
+struct Facet {
+    std::array<Point3, 3> points{};
+    Point3 normal{};
+};
+
+struct FacetSet {
+    std::vector<Facet> facets;
+};
+
+struct Feature {
+    int id = 0;
+    int type = featureTypeSolid;
+    int status = featureStatusActive;
+    bool hidden = false;              // hidden in the model tree
+    // Component features: the component's model, null if it isn't loaded,
+    // and its placement in the owner (component to owner, row vectors).
+    Model* component = nullptr;
+    Matrix placement = identityMatrix();
+};
+
+struct LayerItemRef {
+    int type = layerItemFeature;      // layerItemFeature or layerItemQuilt
+    int id = 0;
+};
+
+struct Layer {
+    int id = 0;
+    std::u16string name;
+    int displayStatus = layerNormal;
+    std::vector<LayerItemRef> items;
+};
+
+struct View {
+    std::u16string name;              // up to 80 wide characters
+    Matrix matrix = identityMatrix();
+};
+
+struct Representation {
+    int id = 0;                       // -1 stands for the master representation
+    std::u16string name;
+    int defaultAction = 2;
+    std::vector<ProSimprepitem> items;
+    bool dataFails = false;           // ProSimprepdataGet fails for it
+};
+
 struct Model {
-    std::u16string name;  // the bare name, without extension
+    std::u16string name;              // the bare name, without extension
     int type = modelTypePart;
+    std::u16string lengthUnit = u"mm";
+    // The outline's two corners; none: computed from the surfaces and facets.
+    std::optional<std::array<Point3, 2>> outline;
+    bool outlineFails = false;
+    int version = 1;                  // raised by every modification
+    Matrix currentView = identityMatrix();
+    std::vector<View> savedViews;
+    std::optional<AppearanceProps> appearance;  // the model's own appearance
+    std::optional<TextureProps> texture;
+    std::vector<Surface> surfaces;
+    std::vector<Quilt> quilts;
+    std::vector<FacetSet> facetSets;
+    std::vector<Feature> features;    // in the host's visit order
+    std::vector<Layer> layers;
+    std::vector<Representation> representations;
+
+    void modify() { ++version; }
 };
 
 }  // namespace host
