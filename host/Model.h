@@ -10,7 +10,11 @@
 #include <array>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "host/geometry/SurfaceGeometry.h"
@@ -35,7 +39,9 @@ inline constexpr int itemTypeSurface = 5;
 inline constexpr int itemTypeQuilt = 54;
 inline constexpr int itemTypeLayer = 7;
 inline constexpr int itemTypeSimprep = 52;
-// A model's own item has the model's type code (1 or 2).
+// A model's own item has the model's type code (1 or 2) and this id; a
+// feature item (type 1 as well) always has an id of 0 or more.
+inline constexpr int modelItemId = -1;
 
 // Layer item types and display statuses.
 inline constexpr int layerItemFeature = 3;
@@ -49,6 +55,12 @@ inline constexpr int layerHidden = 5;
 // Row vectors, translation in row 3.
 using Matrix = std::array<std::array<double, 4>, 4>;
 Matrix identityMatrix();
+
+// The product a x b of two transforms: first a, then b (row vectors).
+Matrix multiply(const Matrix& a, const Matrix& b);
+// The inverse of a transform whose last column is 0, 0, 0, 1; none when it
+// can't be inverted.
+std::optional<Matrix> invertAffine(const Matrix& m);
 
 struct Model;
 
@@ -123,6 +135,7 @@ struct Model {
     std::optional<std::array<Point3, 2>> outline;
     bool outlineFails = false;
     int version = 1;                  // raised by every modification
+    bool verstampFails = false;       // ProMdlVerstampGet fails for it
     Matrix currentView = identityMatrix();
     std::vector<View> savedViews;
     std::optional<AppearanceProps> appearance;  // the model's own appearance
@@ -135,6 +148,27 @@ struct Model {
     std::vector<Representation> representations;
 
     void modify() { ++version; }
+
+    // Items by id: surfaces include those of the quilts. Null if there is none;
+    // with ids given twice the first wins.
+    const Surface* findSurface(int id) const;
+    const Feature* findFeature(int id) const;
+    const Quilt* findQuilt(int id) const;
+    const Layer* findLayer(int id) const;
+    const Representation* findRepresentation(int id) const;
+    const Representation* findRepresentation(std::u16string_view name) const;
+
+private:
+    // Where each id stood when last looked up, so that the look-ups of a run
+    // don't search. A hit is checked, so a model changed since is still
+    // answered right.
+    mutable std::unordered_map<int, std::pair<size_t, size_t>> surfacePositions_;  // (quilt + 1 or 0, position)
+    mutable std::unordered_map<int, size_t> featurePositions_;
 };
+
+// The component features met along a path of feature ids from `owner`,
+// outermost first. None if an id is no component feature of the model
+// reached so far, or if a model on the way (not the last) isn't loaded.
+std::optional<std::vector<const Feature*>> componentsAlong(const Model& owner, std::span<const int> ids);
 
 }  // namespace host

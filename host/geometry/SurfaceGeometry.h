@@ -3,6 +3,7 @@
 // mesh of its surface at a chord height. Hand-built test surfaces and the
 // faces of real models are providers.
 #include <array>
+#include <span>
 #include <vector>
 
 namespace host {
@@ -18,6 +19,7 @@ struct SurfaceMesh {
     std::vector<Point3> normals;
     std::vector<Point2> parameters;
     std::vector<Triangle> triangles;
+    bool hasVertices = true;
     bool hasNormals = true;
     bool hasParameters = true;
     bool hasTriangles = true;
@@ -36,5 +38,10 @@ public:
     // The surface's extent, for the model's outline.
     virtual void extend(Point3& low, Point3& high) const = 0;
 };
+
+// Copies `from` into `to`, keeping the storage of `to`.
+void copyMesh(const SurfaceMesh& from, SurfaceMesh& to);
+// Grows the box low..high to hold every point.
+void extendByPoints(std::span<const Point3> points, Point3& low, Point3& high);
 
 }  // namespace host
