@@ -38,6 +38,7 @@ TessellationOutcome CadSurface::tessellate(double chordHeight, SurfaceMesh& mesh
     for (size_t t = 0; t < triangleCount; ++t) {
         mesh.triangles[t] = {source.triangles[3 * t], source.triangles[3 * t + 1], source.triangles[3 * t + 2]};
     }
+    mesh.hasVertices = true;
     mesh.hasNormals = true;
     mesh.hasParameters = true;
     mesh.hasTriangles = true;

@@ -74,14 +74,18 @@ void pressExport(const ExportRequest& request, const std::shared_ptr<const cad::
 }  // namespace
 
 ExportReport runExport(const ExportRequest& request) {
+    const auto start = Clock::now();
+    auto model = std::make_shared<const cad::CadModel>(
+        cad::loadCadModel(std::filesystem::absolute(request.model).string()));
+    const auto loading = Clock::now() - start;
+    ExportReport report = runExport(request, std::move(model));
+    report.times.loading = loading;
+    return report;
+}
+
+ExportReport runExport(const ExportRequest& request, std::shared_ptr<const cad::CadModel> model) {
     ExportReport report;
     report.output = std::filesystem::absolute(request.output);
-    const std::filesystem::path modelPath = std::filesystem::absolute(request.model);
-
-    auto start = Clock::now();
-    auto model = std::make_shared<const cad::CadModel>(cad::loadCadModel(modelPath.string()));
-    report.times.loading = Clock::now() - start;
-
     {
         WorkingDirectory workdir(request.workdir);
         writeSettingsFile(std::filesystem::current_path(), request.settings);
@@ -93,7 +97,7 @@ ExportReport runExport(const ExportRequest& request) {
     std::error_code error;
     report.bytes = std::filesystem::file_size(report.output, error);
     if (error) throw ExportError("the plug-in wrote no scene \"" + report.output.string() + "\"");
-    start = Clock::now();
+    const auto start = Clock::now();
     try {
         const scenereader::Document scene = scenereader::readSceneFile(report.output.string());
         report.sceneProblems = scenereader::checkScene(scene);

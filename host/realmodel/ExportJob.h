@@ -7,10 +7,12 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "host/cad/CadModel.h"
 #include "host/realmodel/ExportSettings.h"
 #include "scenereader/SceneChecks.h"
 
@@ -53,6 +55,9 @@ public:
 // plug-in that can't be started, and ExportError for errors that the session
 // logged during the run or a scene that wasn't written or can't be read.
 ExportReport runExport(const ExportRequest& request);
+
+// The same for a model already loaded; `request.model` only names it.
+ExportReport runExport(const ExportRequest& request, std::shared_ptr<const cad::CadModel> model);
 
 // "12 groups, 30 objects, ... ; 1.2 MB in 0.84 s".
 std::string describeReport(const ExportReport& report);

@@ -10,6 +10,7 @@ LoadedModel openInSession(Session& session, std::shared_ptr<const cad::CadModel>
     loaded.progress = std::make_shared<TessellationProgress>();
     loaded.models = addToSession(session, loaded.cad, loaded.progress);
     loaded.progress->setTotal(loaded.models.surfaceOccurrences);
+    session.setTextureSearchPath(loaded.models.textureFolders);
     session.setCurrentModel(loaded.models.top);
     session.setMode(loaded.models.top->type == modelTypeAssembly ? modeAssembly : modePart);
     return loaded;

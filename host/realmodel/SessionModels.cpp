@@ -1,6 +1,7 @@
 #include "host/realmodel/SessionModels.h"
 
 #include <algorithm>
+#include <cctype>
 #include <map>
 #include <string>
 
@@ -26,6 +27,20 @@ int largestId(const cad::CadPart& part) {
     for (const cad::CadEdge& edge : part.edges) largest = std::max(largest, edge.id);
     for (const cad::CadQuilt& quilt : part.quilts) largest = std::max(largest, quilt.id);
     return largest;
+}
+
+// A part that a mesh file fills is named after that file: the model's name is
+// the bare name, without the file's extension.
+std::string bareName(const std::string& name) {
+    const std::filesystem::path path(name);
+    std::string extension = path.extension().string();
+    std::transform(extension.begin(), extension.end(), extension.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    constexpr const char* modelExtensions[] = {".stl", ".obj", ".step", ".stp", ".iges", ".igs", ".brep", ".brp"};
+    for (const char* known : modelExtensions) {
+        if (extension == known) return path.stem().string();
+    }
+    return name;
 }
 
 class Builder {
@@ -54,7 +69,7 @@ public:
 private:
     Model baseModel(const std::string& name, int type, cad::NodeRef node) const {
         Model model;
-        model.name = nvx::utf8ToWide(name);
+        model.name = nvx::utf8ToWide(bareName(name));
         model.type = type;
         model.lengthUnit = nvx::utf8ToWide(cad_->unitName);
         const cad::Outline outline = cad::outlineOf(*cad_, node);

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "../hostcad/CadTestSupport.h"
+#include "MadeModels.h"
 #include "host/cad/XdeDocumentBuilder.h"
 #include "host/realmodel/ModelLoading.h"
 #include "host/realmodel/StandardViews.h"
@@ -85,16 +86,7 @@ TEST(SessionModels, AssemblyOfComponentFeaturesOverSharedPartModels) {
 
 TEST(SessionModels, HiddenComponentsSitOnBlankedLayers) {
     ScratchFolder folder;
-    cad::XdeDocumentBuilder builder;
-    const TDF_Label cube = builder.addPart("CUBE", BRepPrimAPI_MakeBox(1.0, 1.0, 1.0).Shape());
-    const TDF_Label top = builder.addAssembly("TOP");
-    const TDF_Label shown = builder.addComponent(top, cube, moved(0.0, 0.0, 0.0));
-    const TDF_Label onHiddenLayer = builder.addComponent(top, cube, moved(2.0, 0.0, 0.0));
-    const TDF_Label hidden = builder.addComponent(top, cube, moved(4.0, 0.0, 0.0));
-    builder.putOnLayer(shown, "SHOWN", true);
-    builder.putOnLayer(onHiddenLayer, "CONSTRUCTION", false);
-    builder.hide(hidden);
-    builder.writeStep(folder.file("layers.step"), "mm");
+    testing::writeCubesWithHiddenOnes(folder.file("layers.step"));
 
     Session session;
     const LoadedModel loaded = loadModelIntoSession(session, folder.file("layers.step"));
