@@ -21,7 +21,7 @@ const cad::CadFace& CadSurface::face() const {
 TessellationOutcome CadSurface::tessellate(double chordHeight, SurfaceMesh& mesh) const {
     const auto start = std::chrono::steady_clock::now();
     const cad::TessellationResult result = cad::tessellateFace(*model_, face(), chordHeight);
-    if (progress_) progress_->count(std::chrono::steady_clock::now() - start);
+    if (progress_) progress_->count(partIndex_, chordHeight, std::chrono::steady_clock::now() - start);
     if (!result.ok()) return TessellationOutcome::Failed;
     const cad::FaceTessellation& source = *result.mesh;
     const size_t vertexCount = source.vertexCount();

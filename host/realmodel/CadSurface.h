@@ -19,17 +19,21 @@ public:
 
     void setTotal(std::size_t total) { total_ = total; }
     void setObserver(Observer observer) { observer_ = std::move(observer); }
-    void reset() {
-        done_ = 0;
-        meshing_ = {};
-    }
 
-    void count(std::chrono::duration<double> meshing) {
+    void count(int partIndex, double chordHeight, std::chrono::duration<double> meshing) {
+        if (done_ == 0) {
+            firstPartIndex_ = partIndex;
+            firstChordHeight_ = chordHeight;
+        }
         ++done_;
         meshing_ += meshing;
         if (observer_) observer_(done(), total_);
     }
     std::chrono::duration<double> meshingTime() const { return meshing_; }
+    // The chord height of the run's first request: the one that the quality
+    // setting gives, before any retry.
+    double firstChordHeight() const { return firstChordHeight_; }
+    int firstPartIndex() const { return firstPartIndex_; }
     // Requests beyond the total (the retries of refused surfaces) don't count
     // past it.
     std::size_t done() const { return done_ < total_ ? done_ : total_; }
@@ -39,6 +43,8 @@ private:
     std::size_t done_ = 0;
     std::size_t total_ = 0;
     std::chrono::duration<double> meshing_{};
+    double firstChordHeight_ = 0.0;
+    int firstPartIndex_ = -1;
     Observer observer_;
 };
 

@@ -1,5 +1,6 @@
 #include "host/realmodel/ExportJob.h"
 
+#include <cmath>
 #include <cstdio>
 #include <memory>
 #include <sstream>
@@ -65,6 +66,13 @@ void pressExport(const ExportRequest& request, const std::shared_ptr<const cad::
     host.press(exportCommand);
     report.times.exporting = Clock::now() - start;
     report.times.meshing = loaded.progress->meshingTime();
+    report.chordHeight = loaded.progress->firstChordHeight();
+    if (loaded.progress->firstPartIndex() >= 0) {
+        const cad::Outline outline = model->parts.at(static_cast<size_t>(loaded.progress->firstPartIndex())).outline;
+        const double diagonal = std::hypot(outline.max[0] - outline.min[0], outline.max[1] - outline.min[1],
+                                           outline.max[2] - outline.min[2]);
+        if (diagonal > 0.0) report.relativeChordHeight = report.chordHeight / diagonal;
+    }
     if (!session.errors().empty()) {
         throw ExportError("the export of \"" + request.model.string() + "\" went wrong: " +
                           joined(session.errors().messages()));

@@ -42,6 +42,11 @@ struct ExportReport {
     std::vector<std::string> sceneProblems;     // what the reader's checks found
     std::uintmax_t bytes = 0;
     std::size_t surfaces = 0;                   // surfaces of all part occurrences
+    // The first chord height that the plug-in asked for, and the same over
+    // the diagonal of that part's outline: the plug-in's chord height is
+    // that share of each part's size.
+    double chordHeight = 0.0;
+    double relativeChordHeight = 0.0;
     ExportTimes times;
 };
 
