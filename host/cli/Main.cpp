@@ -20,10 +20,10 @@
 namespace {
 
 constexpr std::string_view usage =
-    "usage: vantrel-host [options] export MODEL -o OUT.vnz\n"
-    "       vantrel-host sample OUT.step\n"
-    "       vantrel-host [--plugin PATH] [--workdir DIR] commands\n"
+    "usage: vantrel-host [--plugin PATH] [--workdir DIR] commands\n"
     "       vantrel-host [--plugin PATH] [--workdir DIR] press \"COMMAND NAME\"\n"
+    "       vantrel-host [options] export MODEL -o OUT.vnz\n"
+    "       vantrel-host sample OUT.step\n"
     "\n"
     "Loads the plug-in into a headless host session and starts it as the CAD\n"
     "host would, then:\n"
