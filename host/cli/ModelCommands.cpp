@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <iostream>
 
+#include "host/cad/ExchangeControllers.h"
 #include "host/cad/SampleModel.h"
 #include "host/cad/XdeDocument.h"
 #include "platform/Terminal.h"
@@ -21,10 +22,15 @@ void showProgress(std::size_t done, std::size_t total) {
     std::fflush(stderr);
 }
 
+void prepareKernel() {
+    host::cad::quietKernelMessages();
+    host::cad::initExchangeControllers();
+}
+
 }  // namespace
 
 int exportModel(host::realmodel::ExportRequest request) {
-    host::cad::quietKernelMessages();
+    prepareKernel();
     if (platform::standardErrorIsTerminal()) request.progress = showProgress;
     const host::realmodel::ExportReport report = host::realmodel::runExport(request);
     std::cout << "exported " << request.model.string() << " to " << report.output.string() << "\n"
@@ -37,7 +43,7 @@ int exportModel(host::realmodel::ExportRequest request) {
 }
 
 int writeSample(const std::filesystem::path& output) {
-    host::cad::quietKernelMessages();
+    prepareKernel();
     const host::cad::SampleFiles files = host::cad::writeSampleStep(output.string());
     std::cout << "wrote " << files.stepPath << " and " << files.meshPath << "\n";
     return 0;
