@@ -8,6 +8,7 @@ VANTREL_PACKAGES=(
   libtinyxml-dev libicu-dev
   libocct-foundation-dev libocct-modeling-data-dev libocct-modeling-algorithms-dev
   libocct-data-exchange-dev libocct-ocaf-dev libocct-visualization-dev
+  libtbb-dev  # Open CASCADE's CMake package names the TBB libraries it links
 )
 
 install_missing_packages() {

@@ -5,7 +5,6 @@
 #include <unistd.h>
 
 #include <cstdio>
-#include <filesystem>
 #include <stdexcept>
 #include <string>
 
@@ -57,17 +56,18 @@ void writeScene(nvx::nvxSceneapi_oo& layer) {
 }
 
 TEST(LightFileFactory, WholeSceneMatchesTheHandWrittenFile) {
-    const auto path = std::filesystem::temp_directory_path() / ("vantrel_scene_" + std::to_string(::getpid()) + ".vnz");
+    const scenetest::ScratchFile file("vantrel_scene");
     {
-        nvx::LightFileFactory factory(path.string());
+        nvx::LightFileFactory factory(file.path());
         nvx::nvxSceneapi_oo layer(factory);
         writeScene(layer);
     }
     const std::string expected =
         scenetest::decodeGolden(scenetest::readFile(VANTREL_SCENEAPI_GOLDEN_DIR "/object_layer_scene.vnz.txt"));
     ASSERT_GT(expected.size(), 1000u);
-    EXPECT_EQ(scenetest::readFile(path.string()), expected);
-    std::filesystem::remove(path);
+    const std::string written = scenetest::readFile(file.path());
+    EXPECT_EQ(written, expected);
+    scenetest::SceneCapture::keepWholeFile(written);
 }
 
 TEST(LightFileFactory, UnopenablePathThrowsWithThePath) {
@@ -126,6 +126,7 @@ TEST(LightFileFactory, DashWritesToStandardOutputAndMovesStrayPrintsAway) {
               "#print \"Vantrel SceneApi oo 7.0.219  (built Mon Feb 27 10:39:17 2017)\"\nversion 7\n\n"
               "\ngroup \"g\" {\n}\n");
     EXPECT_EQ(stray, std::string(MARKER) + "\n");
+    scenetest::SceneCapture::keepWholeFile(scene);
 }
 
 }  // namespace

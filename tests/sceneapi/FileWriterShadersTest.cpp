@@ -30,7 +30,7 @@ TEST(FileWriterShaders, InlineShaderIsCapturedAndWrittenWhereAttached) {
     out->begin_material("m", true);
     ShaderHandle* handle = diffuseShader(out.scene());
     ASSERT_NE(handle, nullptr);
-    EXPECT_EQ(out.text(), "object \"o\" {\nmaterial \"m\" {\n");
+    EXPECT_EQ(out.openText(), "object \"o\" {\nmaterial \"m\" {\n");
     out->set_shader(SHADER_SURFACE, handle);
     out->set_shader(SHADER_SHADOW, handle);
     out->set_shader(7, handle);

@@ -143,7 +143,7 @@ TEST(FileWriterStatements, OneLineStatements) {
     SceneCapture out;
     const unsigned char icon[] = {0x01, 0xab, 0x0a};
     out->declare_attribute("float", "x");
-    out->write_text("%d-%s\n", 3, "x");
+    out->write_text("// %d-%s\n", 3, "x");
     out->set_version(7);
     out->set_version(~0u);
     out->progress("half", 0.5f);
@@ -160,7 +160,7 @@ TEST(FileWriterStatements, OneLineStatements) {
     out->set_shader_attribute_id("diffuse", 4);
     EXPECT_EQ(out.text(),
               "attribute \"float\" \"x\"\n"
-              "3-x\n"
+              "// 3-x\n"
               "version 7\n\n"
               "version 9\n\n"
               "progress \"half\" 0.500\n\n"

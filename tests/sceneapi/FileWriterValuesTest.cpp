@@ -77,7 +77,7 @@ TEST(FileWriterValues, IdIsStatedTwiceAndUnknownCodesWriteNothing) {
     for (int code : std::initializer_list<int>{8, 11, ATTR_IGNORED_A, ATTR_IGNORED_B, ATTR_ARRAY | 8, ATTR_ARRAY | 24, ATTR_ARRAY}) {
         EXPECT_TRUE(out->set_attribute("x", code, &four)) << code;
     }
-    EXPECT_EQ(out.text(), "\ngroup \"g\" {\n\"id\" 4,\nid 4\n");
+    EXPECT_EQ(out.openText(), "\ngroup \"g\" {\n\"id\" 4,\nid 4\n");
 }
 
 TEST(FileWriterArrays, TextFormsWithLineBreaks) {

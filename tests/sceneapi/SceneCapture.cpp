@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
@@ -11,8 +14,8 @@ namespace scenetest {
 
 namespace {
 
-std::vector<std::pair<std::string, std::string>>& keptTexts() {
-    static std::vector<std::pair<std::string, std::string>> texts;
+std::vector<ProducedText>& keptTexts() {
+    static std::vector<ProducedText> texts;
     return texts;
 }
 
@@ -46,7 +49,11 @@ SceneCapture::~SceneCapture() {
     std::fclose(file);
 }
 
-std::string SceneCapture::text() {
+std::string SceneCapture::text() { return readBack(TextShape::Statements); }
+
+std::string SceneCapture::openText() { return readBack(TextShape::OpenBlocks); }
+
+std::string SceneCapture::readBack(TextShape shape) {
     std::fflush(file);
     const long end = std::ftell(file);
     std::string bytes(static_cast<std::size_t>(end), '\0');
@@ -54,11 +61,15 @@ std::string SceneCapture::text() {
     const std::size_t got = std::fread(bytes.data(), 1, bytes.size(), file);
     bytes.resize(got);
     std::fseek(file, 0, SEEK_END);
-    keptTexts().emplace_back(currentTestName(), bytes);
+    keptTexts().push_back({currentTestName(), shape, bytes});
     return bytes;
 }
 
-const std::vector<std::pair<std::string, std::string>>& SceneCapture::produced() { return keptTexts(); }
+void SceneCapture::keepWholeFile(std::string bytes) {
+    keptTexts().push_back({currentTestName(), TextShape::WholeFile, std::move(bytes)});
+}
+
+const std::vector<ProducedText>& SceneCapture::produced() { return keptTexts(); }
 
 std::string floatBlock(char kind, const std::vector<float>& values) {
     std::string out = blockHead(kind, values.size());
@@ -83,6 +94,14 @@ std::string readFile(const std::string& path) {
     std::ostringstream bytes;
     bytes << in.rdbuf();
     return bytes.str();
+}
+
+ScratchFile::ScratchFile(const std::string& stem)
+    : path_((std::filesystem::temp_directory_path() / (stem + "_" + std::to_string(::getpid()) + ".vnz")).string()) {}
+
+ScratchFile::~ScratchFile() {
+    std::error_code ignored;
+    std::filesystem::remove(path_, ignored);
 }
 
 std::string decodeGolden(const std::string& spelled) {

@@ -1,6 +1,7 @@
 #pragma once
 // Test support: a scene file writer on a temporary stream whose output is read
-// back as bytes, and builders for the binary blocks that tests expect.
+// back as bytes, the record of every text the tests produce, and builders for
+// the binary blocks that tests expect.
 #include <cstdint>
 #include <cstdio>
 #include <memory>
@@ -12,6 +13,19 @@
 
 namespace scenetest {
 
+// How a text that a test produced is meant to stand.
+enum class TextShape {
+    WholeFile,   // a scene file from its header on
+    Statements,  // complete statements, every block that they open closed again
+    OpenBlocks,  // taken while a block is deliberately left open
+};
+
+struct ProducedText {
+    std::string test;  // "Suite.Name" of the test that produced it
+    TextShape shape;
+    std::string bytes;
+};
+
 class SceneCapture {
 public:
     explicit SceneCapture(bool binary_arrays = true);
@@ -22,14 +36,19 @@ public:
     nvxScene_api_file& scene() { return *writer; }
     nvxScene_api_file* operator->() { return writer.get(); }
 
-    // Everything written so far. Each text read is also kept, under the name
-    // of the running test, so that other tools can be run over it.
+    // Everything written so far, kept as complete statements.
     std::string text();
+    // The same, taken while a block is deliberately open: kept as OpenBlocks.
+    std::string openText();
 
-    // The texts kept so far: test name and bytes.
-    static const std::vector<std::pair<std::string, std::string>>& produced();
+    // Keeps a whole scene file that a test wrote by other means.
+    static void keepWholeFile(std::string bytes);
+    // Every text kept so far, under the name of the test that was running.
+    static const std::vector<ProducedText>& produced();
 
 private:
+    std::string readBack(TextShape shape);
+
     FILE* file;
     std::unique_ptr<nvxScene_api_file> writer;
 };
@@ -42,6 +61,21 @@ std::string doubleBlock(const std::vector<double>& values);
 
 // Reads a whole file as bytes.
 std::string readFile(const std::string& path);
+
+// A path in the temporary folder, unique to this process; the file is
+// removed when the object goes.
+class ScratchFile {
+public:
+    explicit ScratchFile(const std::string& stem);
+    ~ScratchFile();
+    ScratchFile(const ScratchFile&) = delete;
+    ScratchFile& operator=(const ScratchFile&) = delete;
+
+    const std::string& path() const { return path_; }
+
+private:
+    std::string path_;
+};
 
 // A scene file written out by hand, with each binary block spelled as
 // "<<k v v v>>": k the kind letter (c, f, i or r), then the values.

@@ -1,0 +1,44 @@
+#pragma once
+// The exact shapes behind a CadModel, by the indexes that its faces and edges
+// carry, and the meshes already made of its faces.
+#include <TopoDS_Edge.hxx>
+#include <TopoDS_Face.hxx>
+
+#include <map>
+#include <utility>
+#include <vector>
+
+#include "host/cad/FaceTessellation.h"
+
+namespace host::cad {
+
+class CadShapes {
+public:
+    int addFace(const TopoDS_Face& face) {
+        faces_.push_back(face);
+        return static_cast<int>(faces_.size()) - 1;
+    }
+    int addEdge(const TopoDS_Edge& edge) {
+        edges_.push_back(edge);
+        return static_cast<int>(edges_.size()) - 1;
+    }
+
+    bool hasFace(int index) const { return index >= 0 && index < static_cast<int>(faces_.size()); }
+    const TopoDS_Face& face(int index) const { return faces_.at(index); }
+    const TopoDS_Edge& edge(int index) const { return edges_.at(index); }
+
+    const TessellationResult* findTessellation(int faceIndex, double chordHeight) const {
+        auto found = tessellations_.find({faceIndex, chordHeight});
+        return found == tessellations_.end() ? nullptr : &found->second;
+    }
+    const TessellationResult& keepTessellation(int faceIndex, double chordHeight, TessellationResult result) {
+        return tessellations_.insert_or_assign({faceIndex, chordHeight}, std::move(result)).first->second;
+    }
+
+private:
+    std::vector<TopoDS_Face> faces_;
+    std::vector<TopoDS_Edge> edges_;
+    std::map<std::pair<int, double>, TessellationResult> tessellations_;
+};
+
+}  // namespace host::cad

@@ -1,0 +1,166 @@
+#include <BRepPrimAPI_MakeBox.hxx>
+#include <BRepTools.hxx>
+#include <TopoDS_Compound.hxx>
+#include <BRep_Builder.hxx>
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "CadTestSupport.h"
+#include "host/cad/CadLoader.h"
+#include "host/cad/SampleModel.h"
+#include "host/cad/XdeDocumentBuilder.h"
+
+namespace host::cad::testing {
+namespace {
+
+void writeText(const std::string& path, const std::string& text) {
+    std::ofstream(path, std::ios::binary) << text;
+}
+
+TEST(CadLoading, LengthUnitsAreWrittenAndReadBack) {
+    ScratchFolder folder;
+    for (const std::string unit : {"mm", "cm", "m", "in", "ft"}) {
+        XdeDocumentBuilder builder;
+        const TDF_Label box = builder.addPart("BOX", BRepPrimAPI_MakeBox(1.0, 2.0, 3.0).Shape());
+        const TDF_Label top = builder.addAssembly("TOP");
+        gp_Trsf placement;
+        placement.SetTranslation(gp_Vec(4.0, 5.0, 6.0));
+        builder.addComponent(top, box, placement);
+        const std::string path = folder.file("box-" + unit + ".step");
+        builder.writeStep(path, unit);
+
+        const CadModel model = loadCadModel(path);
+        EXPECT_EQ(model.unitName, unit);
+        const Outline outline = partNamed(model, "BOX").outline;
+        for (int i = 0; i < 3; ++i) EXPECT_NEAR(outline.max[i], i + 1.0, 1e-6) << unit;
+        const RowMatrix& placed = assemblyNamed(model, "TOP").components.at(0).placement;
+        for (int i = 0; i < 3; ++i) EXPECT_NEAR(placed[3][i], i + 4.0, 1e-9) << unit;
+    }
+}
+
+// Everything that carries an id, in order, as one text.
+std::string idsOf(const CadModel& model) {
+    std::string ids;
+    for (const CadPart& part : model.parts) {
+        ids += part.name + ":";
+        for (const CadFace& face : part.faces) ids += " f" + std::to_string(face.id) + "q" + std::to_string(face.quiltId);
+        for (const CadEdge& edge : part.edges) ids += " e" + std::to_string(edge.id);
+        for (const CadQuilt& quilt : part.quilts) ids += " q" + std::to_string(quilt.id);
+        ids += "\n";
+    }
+    for (const CadAssembly& assembly : model.assemblies) {
+        for (const CadComponent& component : assembly.components) ids += " c" + std::to_string(component.id);
+    }
+    return ids;
+}
+
+TEST(CadLoading, IdsAreTheSameOnEveryLoad) {
+    ScratchFolder folder;
+    writeSampleStep(folder.file("sample.step"));
+    const std::string ids = idsOf(loadCadModel(folder.file("sample.step")));
+    EXPECT_EQ(ids, idsOf(loadCadModel(folder.file("sample.step"))));
+    EXPECT_NE(ids.find("PLATE: f1q0 f2q0"), std::string::npos) << ids;
+}
+
+TEST(CadLoading, BrepFileIsOnePartInMillimetres) {
+    ScratchFolder folder;
+    BRepTools::Write(BRepPrimAPI_MakeBox(1.0, 2.0, 3.0).Shape(), folder.file("block.brep").c_str());
+    const CadModel model = loadCadModel(folder.file("block.brep"));
+    EXPECT_EQ(model.unitName, "mm");
+    ASSERT_EQ(model.top.kind, NodeKind::part);
+    const CadPart& part = model.parts.at(model.top.index);
+    EXPECT_EQ(part.name, "block");
+    ASSERT_EQ(part.faces.size(), 6u);
+    ASSERT_EQ(part.edges.size(), 12u);
+    for (const CadEdge& edge : part.edges) EXPECT_EQ(edge.faceIds.size(), 2u) << "edge " << edge.id;
+    EXPECT_EQ(part.edges[0].id, 7);
+}
+
+TEST(CadLoading, IgesFileKeepsItsColours) {
+    ScratchFolder folder;
+    XdeDocumentBuilder builder;
+    builder.setColour(builder.addPart("BOX", BRepPrimAPI_MakeBox(1.0, 2.0, 3.0).Shape()), 0.2, 0.4, 0.6);
+    builder.writeIges(folder.file("box.igs"));
+    const CadModel model = loadCadModel(folder.file("box.igs"));
+    EXPECT_EQ(model.unitName, "mm");
+    ASSERT_EQ(model.parts.size(), 1u);
+    const CadPart& part = model.parts[0];
+    ASSERT_EQ(part.faces.size(), 6u);
+    for (const CadFace& face : part.faces) {
+        const std::optional<CadAppearance>& shown = face.appearance ? face.appearance : part.appearance;
+        ASSERT_TRUE(shown.has_value());
+        EXPECT_NEAR(shown->blue, 0.6, 1e-6);  // IGES keeps colours in single precision
+    }
+}
+
+TEST(CadLoading, StlFileGivesFacetsAsWritten) {
+    ScratchFolder folder;
+    writeText(folder.file("two.stl"),
+              "solid two\n"
+              " facet normal 0 0 1\n  outer loop\n   vertex 0 0 0\n   vertex 2 0 0\n   vertex 0 2 0\n  endloop\n endfacet\n"
+              " facet normal 0 0 -1\n  outer loop\n   vertex 0 0 1\n   vertex 0 2 1\n   vertex 2 0 1\n  endloop\n endfacet\n"
+              "endsolid two\n");
+    const CadModel model = loadCadModel(folder.file("two.stl"));
+    const CadPart& part = model.parts.at(0);
+    EXPECT_TRUE(part.faces.empty());
+    ASSERT_EQ(part.facets.size(), 2u);
+    EXPECT_EQ(part.facets[0].points[1], (std::array<double, 3>{2.0, 0.0, 0.0}));
+    EXPECT_EQ(part.facets[0].normal, (std::array<double, 3>{0.0, 0.0, 1.0}));
+    EXPECT_EQ(part.facets[1].points[1], (std::array<double, 3>{0.0, 2.0, 1.0}));
+    EXPECT_EQ(part.facets[1].normal, (std::array<double, 3>{0.0, 0.0, -1.0}));
+    EXPECT_EQ(part.outline.max, (std::array<double, 3>{2.0, 2.0, 1.0}));
+}
+
+TEST(CadLoading, ObjMaterialTextureIsFoundBesideTheFile) {
+    ScratchFolder folder;
+    writeText(folder.file("tile.obj"), "mtllib tile.mtl\no tile\nv 0 0 0\nv 1 0 0\nv 0 1 0\nv 1 1 0\n"
+                                       "usemtl Wood\nf 1 2 3\nf 2 4 3\n");
+    writeText(folder.file("tile.mtl"), "newmtl Wood\nKd 0.6 0.4 0.2\nmap_Kd textures/wood.png\n");
+    const CadModel model = loadCadModel(folder.file("tile.obj"));
+    const CadPart& part = model.parts.at(0);
+    EXPECT_EQ(part.facets.size(), 2u);
+    ASSERT_TRUE(part.appearance.has_value());
+    EXPECT_EQ(part.appearance->name, "Wood");
+    EXPECT_NEAR(part.appearance->red, 0.6, 1e-3);
+    EXPECT_NEAR(part.appearance->blue, 0.2, 1e-3);
+    EXPECT_EQ(part.appearance->texturePath, (folder.path() / "textures" / "wood.png").string());
+}
+
+void expectLoadError(const std::string& path, const std::string& expected) {
+    try {
+        loadCadModel(path);
+        ADD_FAILURE() << "loading " << path << " should fail";
+    } catch (const CadLoadError& error) {
+        const std::string message = error.what();
+        EXPECT_NE(message.find(expected), std::string::npos) << message;
+        EXPECT_NE(message.find(path), std::string::npos) << message;
+    }
+}
+
+TEST(CadLoading, FilesThatGiveNoModel_bad_) {
+    ScratchFolder folder;
+    expectLoadError(folder.file("absent.step"), "does not exist");
+
+    std::filesystem::create_directory(folder.file("folder.step"));
+    expectLoadError(folder.file("folder.step"), "is a folder");
+
+    writeText(folder.file("drawing.dwg"), "AC1027");
+    expectLoadError(folder.file("drawing.dwg"), "unsupported extension '.dwg'");
+
+    writeText(folder.file("garbage.step"), "this is not STEP\n");
+    expectLoadError(folder.file("garbage.step"), "cannot read STEP file");
+
+    writeText(folder.file("empty.stl"), "");
+    expectLoadError(folder.file("empty.stl"), "holds no geometry");
+
+    XdeDocumentBuilder builder;
+    TopoDS_Compound nothing;
+    BRep_Builder().MakeCompound(nothing);
+    builder.addPart("NOTHING", nothing);
+    builder.writeStep(folder.file("nothing.step"), "mm");
+    expectLoadError(folder.file("nothing.step"), "holds no geometry");
+}
+
+}  // namespace
+}  // namespace host::cad::testing
