@@ -30,8 +30,16 @@ std::optional<std::filesystem::path> TextResources::findFirst(
     return std::nullopt;
 }
 
+// A name without an extension also stands for the same name with ".txt".
 std::optional<std::filesystem::path> TextResources::findMessageFile(const std::filesystem::path& file) const {
-    return findFirst(file, {std::filesystem::path("text") / language_, "text"});
+    const std::filesystem::path text = "text";
+    for (const std::filesystem::path& folder : {text / language_, text}) {
+        if (auto found = findFirst(file, {folder})) return found;
+        if (file.has_extension()) continue;
+        std::filesystem::path withExtension = file;
+        if (auto found = findFirst(withExtension.replace_extension(".txt"), {folder})) return found;
+    }
+    return std::nullopt;
 }
 
 std::optional<std::filesystem::path> TextResources::findIcon(const std::filesystem::path& icon) const {

@@ -26,7 +26,8 @@ public:
     const std::filesystem::path& root() const { return root_; }
     const std::string& language() const { return language_; }
 
-    // "<root>/text/<language>/<file>", else "<root>/text/<file>".
+    // "<root>/text/<language>/<file>", else "<root>/text/<file>"; in each
+    // folder a file name without an extension is also tried with ".txt".
     std::optional<std::filesystem::path> findMessageFile(const std::filesystem::path& file) const;
     // "<root>/text/resource/<icon>", else "<root>/text/<icon>".
     std::optional<std::filesystem::path> findIcon(const std::filesystem::path& icon) const;

@@ -107,14 +107,26 @@ TEST_F(MessageOperations, FailuresLeaveAnEmptyBufferAndTheReasonInTheLog) {
     EXPECT_EQ(messageToBuffer(u"m.txt", "absent", text), PRO_TK_E_NOT_FOUND);
     EXPECT_EQ(text, u"");
     EXPECT_EQ(messageToBuffer(u"bad.txt", "k", text), PRO_TK_E_NOT_FOUND);
-    EXPECT_EQ(messageToBuffer(u"m", "k", text), PRO_TK_E_NOT_FOUND);
+    EXPECT_EQ(messageToBuffer(u"absent", "k", text), PRO_TK_E_NOT_FOUND);
     const auto& log = session.errors().messages();
     ASSERT_EQ(log.size(), 3u);
     EXPECT_NE(log[0].find("has no message \"absent\""), std::string::npos) << log[0];
     std::string badFile = (folder.root() / "text" / "usascii" / "bad.txt").string();
     EXPECT_EQ(log[1], "ProMessageToBuffer: message file \"" + badFile +
                           "\": line 4: expected \"#\" to close message \"k\", found \"not closed\"");
-    EXPECT_NE(log[2].find("message file \"m\" not found"), std::string::npos) << log[2];
+    EXPECT_NE(log[2].find("message file \"absent\" not found"), std::string::npos) << log[2];
+}
+
+TEST_F(MessageOperations, ANameWithoutExtensionAlsoFindsItsTxtFileInEachFolder) {
+    folder.write("text/usascii/vantrel_plugin_msg.txt", "k\nFrom language\n#\n#\n");
+    folder.write("text/vantrel_plugin_msg", "k\nPlain, exact name\n#\n#\n");
+    folder.write("text/plain_only.txt", "k\nPlain txt\n#\n#\n");
+    EXPECT_EQ(messageToBuffer(u"vantrel_plugin_msg", "k", text), PRO_TK_NO_ERROR);
+    EXPECT_EQ(text, u"From language");
+    EXPECT_EQ(messageToBuffer(u"plain_only", "k", text), PRO_TK_NO_ERROR);
+    EXPECT_EQ(text, u"Plain txt");
+    // A name with another extension is taken as it is.
+    EXPECT_EQ(messageToBuffer(u"plain_only.msg", "k", text), PRO_TK_E_NOT_FOUND);
 }
 
 TEST_F(MessageOperations, ConfigOptionsAreFoundByExactNameAndCutToALine) {

@@ -1,0 +1,125 @@
+#include <vector>
+
+#include "tests/host/HostOperationsTest.h"
+#include "tests/host/PluginFolder.h"
+
+namespace {
+
+// What the button actions of a test saw.
+struct Clicks {
+    std::vector<std::string> buttons;
+    int exitWith = 0;
+    size_t exitOnClick = 1;  // the click whose action ends the dialog
+};
+
+void clickAction(char* dialog, char* button, ProAppData data) {
+    auto& clicks = *static_cast<Clicks*>(data);
+    clicks.buttons.push_back(button);
+    if (clicks.buttons.size() == clicks.exitOnClick) {
+        host::ops::ProUIDialogExit(host::applicationContext, dialog, clicks.exitWith);
+    }
+}
+
+class Dialogs : public HostOperations {
+protected:
+    // The finish dialog as the plug-in builds it, its label read from a
+    // message file named without its extension.
+    void buildFinishDialog() {
+        folder.write("text/vantrel_plugin_msg.txt",
+                     "vantrelPluginExportFinishedLabel\nExport finished.\n#\n#\nvantrelPluginOK\nOK\n#\n#\n");
+        session().texts().setRoot(folder.root(), "usascii");
+        ProUIGridopts grid{0, 0, 1, 1, 1, 1, 1, 1, 1, 1, -1, -1, -1, -1};
+        ASSERT_EQ(host::ops::ProUIDialogCreate(context, "ExportFinished", nullptr), PRO_TK_NO_ERROR);
+        ASSERT_EQ(host::ops::ProUIDialogLabelAdd(context, "ExportFinished", "ExportFinishedLabel", &grid), 0);
+        grid.row = 1;
+        ASSERT_EQ(host::ops::ProUIDialogPushbuttonAdd(context, "ExportFinished", "ExportOk", &grid), 0);
+        ProLine text;
+        host::ops::ProMessageToBuffer(context, text, u"vantrel_plugin_msg", "vantrelPluginExportFinishedLabel");
+        ASSERT_EQ(host::ops::ProUILabelTextSet(context, "ExportFinished", "ExportFinishedLabel", text), 0);
+        host::ops::ProMessageToBuffer(context, text, u"vantrel_plugin_msg.txt", "vantrelPluginOK");
+        ASSERT_EQ(host::ops::ProUIPushbuttonTextSet(context, "ExportFinished", "ExportOk", text), 0);
+        ASSERT_EQ(
+            host::ops::ProUIPushbuttonActivateActionSet(context, "ExportFinished", "ExportOk", clickAction, &clicks),
+            0);
+    }
+
+    PluginFolder folder;
+    Clicks clicks;
+};
+
+TEST_F(Dialogs, AScriptedPressRunsTheButtonsActionAndEndsTheActivation) {
+    buildFinishDialog();
+    session().script().pressButton("ExportFinished", "ExportOk");
+    clicks.exitWith = 7;
+    int status = -1;
+    EXPECT_EQ(host::ops::ProUIDialogActivate(context, "ExportFinished", &status), PRO_TK_NO_ERROR);
+    EXPECT_EQ(status, 7);
+    EXPECT_EQ(clicks.buttons, (std::vector<std::string>{"ExportOk"}));
+    EXPECT_EQ(host::ops::ProUIDialogDestroy(context, "ExportFinished"), PRO_TK_NO_ERROR);
+    EXPECT_EQ(session().dialogs().open(), 0u);
+    EXPECT_TRUE(log().empty()) << log().front();
+
+    // The finish dialog appeared, with its label and button texts.
+    ASSERT_EQ(session().dialogs().history().size(), 1u);
+    const host::ShownDialog& shown = session().dialogs().history()[0];
+    EXPECT_EQ(shown.name, "ExportFinished");
+    ASSERT_NE(shown.find("ExportFinishedLabel"), nullptr);
+    EXPECT_EQ(shown.find("ExportFinishedLabel")->text, u"Export finished.");
+    EXPECT_EQ(shown.find("ExportOk")->text, u"OK");
+    EXPECT_EQ(shown.find("ExportOk")->row, 1);
+    EXPECT_EQ(shown.presses, (std::vector<std::string>{"ExportOk"}));
+    EXPECT_EQ(shown.exitStatus, 7);
+}
+
+TEST_F(Dialogs, PressesGoOnUntilAnActionExits) {
+    buildFinishDialog();
+    for (int press = 0; press < 4; ++press) session().script().pressButton("ExportFinished", "ExportOk");
+    clicks.exitOnClick = 2;
+    EXPECT_EQ(host::ops::ProUIDialogActivate(context, "ExportFinished", nullptr), PRO_TK_NO_ERROR);
+    EXPECT_EQ(clicks.buttons.size(), 2u);
+    EXPECT_EQ(session().dialogs().history()[0].presses.size(), 2u);
+    // With the script's presses spent before an action ends it, the activation fails.
+    clicks.buttons.clear();
+    clicks.exitOnClick = 3;
+    EXPECT_NE(host::ops::ProUIDialogActivate(context, "ExportFinished", nullptr), PRO_TK_NO_ERROR);
+    EXPECT_EQ(clicks.buttons.size(), 2u);
+    EXPECT_EQ(log().size(), 1u);
+}
+
+TEST_F(Dialogs, AnUnscriptedDialogOrAPressOfNoButtonIsReportedAndRunsNothing) {
+    buildFinishDialog();
+    int status = 5;
+    EXPECT_NE(host::ops::ProUIDialogActivate(context, "ExportFinished", &status), PRO_TK_NO_ERROR);
+    EXPECT_EQ(status, 5);
+    session().script().pressButton("ExportFinished", "Cancel");
+    EXPECT_NE(host::ops::ProUIDialogActivate(context, "ExportFinished", &status), PRO_TK_NO_ERROR);
+    EXPECT_TRUE(clicks.buttons.empty());
+    ASSERT_EQ(log().size(), 2u);
+    EXPECT_EQ(log()[0],
+              "the plug-in asked for a button press in a dialog (\"ExportFinished\") but the script has "
+              "no answer for it");
+    EXPECT_EQ(log()[1],
+              "ProUIDialogActivate: the script pressed \"Cancel\" in dialog \"ExportFinished\", which has "
+              "no such push button");
+    const auto& history = session().dialogs().history();
+    ASSERT_EQ(history.size(), 2u);
+    EXPECT_FALSE(history[0].exitStatus);
+    EXPECT_FALSE(history[1].exitStatus);
+    EXPECT_FALSE(session().dialogs().find("ExportFinished")->active);
+}
+
+TEST_F(Dialogs, ComponentsAndDialogsMustExist) {
+    ProUIGridopts grid{};
+    EXPECT_NE(host::ops::ProUIDialogLabelAdd(context, "Nowhere", "Label", &grid), PRO_TK_NO_ERROR);
+    host::ops::ProUIDialogCreate(context, "D", "");
+    EXPECT_NE(host::ops::ProUIDialogCreate(context, "D", ""), PRO_TK_NO_ERROR);
+    host::ops::ProUIDialogLabelAdd(context, "D", "Label", &grid);
+    EXPECT_NE(host::ops::ProUIDialogPushbuttonAdd(context, "D", "Label", &grid), PRO_TK_NO_ERROR);
+    EXPECT_NE(host::ops::ProUIPushbuttonTextSet(context, "D", "Label", u"x"), PRO_TK_NO_ERROR) << "no push button";
+    EXPECT_NE(host::ops::ProUIDialogExit(context, "D", 0), PRO_TK_NO_ERROR) << "not active";
+    EXPECT_NE(host::ops::ProUIDialogDestroy(context, "Nowhere"), PRO_TK_NO_ERROR);
+    EXPECT_EQ(log().size(), 6u);
+    EXPECT_EQ(log()[3], "ProUIPushbuttonTextSet: dialog \"D\" has no push button \"Label\"");
+}
+
+}  // namespace

@@ -1,0 +1,166 @@
+#include <cmath>
+#include <numbers>
+
+#include "host/geometry/ParametricSurface.h"
+#include "host/geometry/TestSurface.h"
+#include "tests/host/HostOperationsTest.h"
+
+namespace {
+
+using namespace host::fixtures;
+using host::TessellationOutcome;
+
+class Tessellations : public HostOperations {
+protected:
+    Tessellations() : model(session().addModel(part(u"p", 3))) {
+        host::ops::ProSurfacetessellationinputAlloc(context, &input);
+    }
+
+    host::TestSurface& replaceGeometry(size_t surface, host::SurfaceMesh mesh) {
+        auto geometry = std::make_shared<host::TestSurface>(std::move(mesh));
+        model.surfaces[surface].geometry = geometry;
+        return *geometry;
+    }
+
+    ProError tessellate(size_t surface, double chordHeight, ProTessellation& tessellation) {
+        host::ops::ProSurfacetessellationinputChordheightSet(context, input, chordHeight);
+        return host::ops::ProSurfaceTessellationGet(context, handle(model.surfaces[surface]), input, &tessellation);
+    }
+
+    host::Model& model;
+    ProSurfaceTessellationInput input = nullptr;
+};
+
+TEST_F(Tessellations, ArraysAreNewHostArraysCopiedFromTheMesh) {
+    ProTessellation tessellation = nullptr;
+    ASSERT_EQ(tessellate(1, 0.05, tessellation), PRO_TK_NO_ERROR);
+    ASSERT_NE(tessellation, nullptr);
+    Pro3dPnt* vertices = nullptr;
+    ProVector* normals = nullptr;
+    Pro2dPnt* parameters = nullptr;
+    ProTriangle* triangles = nullptr;
+    ASSERT_EQ(host::ops::ProTessellationVerticesGet(context, tessellation, &vertices), PRO_TK_NO_ERROR);
+    ASSERT_EQ(host::ops::ProTessellationNormalsGet(context, tessellation, &normals), PRO_TK_NO_ERROR);
+    ASSERT_EQ(host::ops::ProTessellationParamsGet(context, tessellation, &parameters), PRO_TK_NO_ERROR);
+    ASSERT_EQ(host::ops::ProTessellationFacetsGet(context, tessellation, &triangles), PRO_TK_NO_ERROR);
+    int sizes[4] = {};
+    host::ops::ProArraySizeGet(context, vertices, &sizes[0]);
+    host::ops::ProArraySizeGet(context, normals, &sizes[1]);
+    host::ops::ProArraySizeGet(context, parameters, &sizes[2]);
+    host::ops::ProArraySizeGet(context, triangles, &sizes[3]);
+    EXPECT_EQ((std::vector<int>(sizes, sizes + 4)), (std::vector<int>{4, 4, 4, 2}));
+    // The second square of the part stands at x = 1.
+    EXPECT_EQ((std::vector<double>{vertices[2][0], vertices[2][1], vertices[2][2]}), (std::vector<double>{2, 1, 0}));
+    EXPECT_EQ(normals[3][2], 1.0);
+    EXPECT_EQ(parameters[1][0], 1.0);
+    EXPECT_EQ((std::vector<int>{triangles[1][0], triangles[1][1], triangles[1][2]}), (std::vector<int>{0, 2, 3}));
+    EXPECT_EQ(host::ops::ProTessellationFree(context, tessellation), PRO_TK_NO_ERROR);
+    // The arrays outlive the tessellation, and are the plug-in's to free.
+    EXPECT_EQ(vertices[3][1], 1.0);
+    EXPECT_EQ(session().arrays().outstanding("tessellation vertices"), 1u);
+    for (void* array : {static_cast<void*>(vertices), static_cast<void*>(normals), static_cast<void*>(parameters),
+                        static_cast<void*>(triangles)}) {
+        EXPECT_EQ(host::ops::ProArrayFree(context, &array), PRO_TK_NO_ERROR);
+    }
+    EXPECT_EQ(session().arrays().outstanding(), 0u);
+    EXPECT_EQ(host::ops::ProTessellationFree(context, tessellation), PRO_TK_BAD_INPUTS);
+}
+
+TEST_F(Tessellations, OutcomesAndChordHeightsAreRecordedPerRequest) {
+    replaceGeometry(1, host::TestSurface::unitSquare()).failAbove(0.01).failBelow(0.001);
+    replaceGeometry(2, host::TestSurface::unitSquare()).answerNullHandle();
+    ProTessellation tessellation = nullptr;
+    EXPECT_EQ(tessellate(0, 0.05, tessellation), PRO_TK_NO_ERROR);
+    host::ops::ProTessellationFree(context, tessellation);
+    ProTessellation untouched = reinterpret_cast<ProTessellation>(&model);
+    tessellation = untouched;
+    EXPECT_NE(tessellate(1, 0.05, tessellation), PRO_TK_NO_ERROR);
+    EXPECT_NE(tessellate(1, 0.0005, tessellation), PRO_TK_NO_ERROR);
+    EXPECT_EQ(tessellation, untouched) << "a refusal leaves the output";
+    EXPECT_EQ(tessellate(1, 0.005, tessellation), PRO_TK_NO_ERROR);
+    host::ops::ProTessellationFree(context, tessellation);
+    EXPECT_EQ(tessellate(2, 0.05, tessellation), PRO_TK_NO_ERROR);
+    EXPECT_EQ(tessellation, nullptr);
+
+    const auto& requests = session().tessellationRequests();
+    ASSERT_EQ(requests.size(), 5u);
+    const std::pair<int, TessellationOutcome> expected[] = {{101, TessellationOutcome::Done},
+                                                            {102, TessellationOutcome::Failed},
+                                                            {102, TessellationOutcome::Failed},
+                                                            {102, TessellationOutcome::Done},
+                                                            {103, TessellationOutcome::NullHandle}};
+    const double chords[] = {0.05, 0.05, 0.0005, 0.005, 0.05};
+    for (size_t index = 0; index < requests.size(); ++index) {
+        EXPECT_EQ(requests[index].surfaceId, expected[index].first) << index;
+        EXPECT_EQ(requests[index].outcome, expected[index].second) << index;
+        EXPECT_EQ(requests[index].chordHeight, chords[index]) << index;
+    }
+    EXPECT_EQ(session().handles().tessellations.outstanding(), 0u);
+}
+
+TEST_F(Tessellations, AMissingArrayAnswersAFailureAndNull) {
+    host::SurfaceMesh mesh = host::TestSurface::unitSquare();
+    mesh.hasNormals = false;
+    mesh.hasTriangles = false;
+    replaceGeometry(0, mesh);
+    ProTessellation tessellation = nullptr;
+    ASSERT_EQ(tessellate(0, 0.05, tessellation), PRO_TK_NO_ERROR);
+    ProVector* normals = reinterpret_cast<ProVector*>(&model);
+    ProTriangle* triangles = reinterpret_cast<ProTriangle*>(&model);
+    Pro2dPnt* parameters = nullptr;
+    EXPECT_NE(host::ops::ProTessellationNormalsGet(context, tessellation, &normals), PRO_TK_NO_ERROR);
+    EXPECT_NE(host::ops::ProTessellationFacetsGet(context, tessellation, &triangles), PRO_TK_NO_ERROR);
+    EXPECT_EQ(normals, nullptr);
+    EXPECT_EQ(triangles, nullptr);
+    EXPECT_EQ(host::ops::ProTessellationParamsGet(context, tessellation, &parameters), PRO_TK_NO_ERROR);
+    EXPECT_EQ(session().arrays().outstanding(), 1u);
+    host::ops::ProTessellationFree(context, tessellation);
+}
+
+TEST_F(Tessellations, InputsAreCheckedAndFreedOnce) {
+    ProTessellation tessellation = nullptr;
+    // No chord height set yet.
+    EXPECT_EQ(host::ops::ProSurfaceTessellationGet(context, handle(model.surfaces[0]), input, &tessellation),
+              PRO_TK_BAD_INPUTS);
+    EXPECT_EQ(host::ops::ProSurfacetessellationinputChordheightSet(context, input, -1.0), PRO_TK_BAD_INPUTS);
+    EXPECT_EQ(host::ops::ProSurfacetessellationinputUvprojectionSet(context, input, 0, nullptr), PRO_TK_NO_ERROR);
+    EXPECT_EQ(session().handles().tessellationInputs.outstanding(), 1u);
+    EXPECT_EQ(host::ops::ProSurfacetessellationinputFree(context, input), PRO_TK_NO_ERROR);
+    EXPECT_EQ(host::ops::ProSurfacetessellationinputFree(context, input), PRO_TK_BAD_INPUTS);
+    EXPECT_EQ(tessellate(0, 0.1, tessellation), PRO_TK_BAD_INPUTS) << "a freed input";
+    EXPECT_TRUE(session().tessellationRequests().empty());
+    ASSERT_FALSE(log().empty());
+    EXPECT_EQ(log()[0], "ProSurfaceTessellationGet: the tessellation input has no chord height");
+}
+
+TEST(ParametricSurface, CylinderSegmentsStayWithinTheChordHeightAndFollowIt) {
+    const double radius = 10.0;
+    auto cylinder = host::ParametricSurface::cylinder(radius, 5.0, std::numbers::pi / 2);
+    size_t previousCount = 0;
+    for (double chord : {0.1, 0.01, 0.001}) {
+        host::SurfaceMesh mesh;
+        ASSERT_EQ(cylinder.tessellate(chord, mesh), TessellationOutcome::Done);
+        ASSERT_EQ(mesh.normals.size(), mesh.vertices.size());
+        // The bottom row: the worst distance between a segment's middle and the arc.
+        double worst = 0.0;
+        for (size_t index = 0; index + 1 < mesh.vertices.size() && mesh.vertices[index + 1][2] == 0.0; ++index) {
+            double x = (mesh.vertices[index][0] + mesh.vertices[index + 1][0]) / 2;
+            double y = (mesh.vertices[index][1] + mesh.vertices[index + 1][1]) / 2;
+            worst = std::max(worst, radius - std::hypot(x, y));
+        }
+        EXPECT_LE(worst, chord) << chord;
+        EXPECT_GT(worst, chord / 4) << chord << ": far finer than asked";
+        EXPECT_GT(mesh.vertices.size(), previousCount);
+        previousCount = mesh.vertices.size();
+        for (const host::Triangle& triangle : mesh.triangles) {
+            for (int corner : triangle) ASSERT_LT(size_t(corner), mesh.vertices.size());
+        }
+    }
+    host::Point3 low{1e9, 1e9, 1e9}, high{-1e9, -1e9, -1e9};
+    host::ParametricSurface::cylinder(radius, 5.0, std::numbers::pi).extend(low, high);
+    EXPECT_NEAR(low[0], -radius, 1e-12);
+    EXPECT_NEAR(high[1], radius, 1e-12);
+    EXPECT_NEAR(low[1], 0.0, 1e-12);
+}
+
+}  // namespace
