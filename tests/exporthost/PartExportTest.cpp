@@ -178,7 +178,8 @@ TEST(PartExport, SurfacesLeftOutAndTheIndexBase) {
         run.open(plate, partMode);
         run.pressExport();
         EXPECT_EQ(run.session.tessellationRequests().size(), 2u);
-        const Block& mesh = geometryOf(*objectsOf(solidGroup(run.readScene())).at(0));
+        scenereader::Document scene = run.readScene();
+        const Block& mesh = geometryOf(*objectsOf(solidGroup(scene)).at(0));
         EXPECT_EQ(floatsOf(mesh, "vertices").size(), 12u);
         EXPECT_EQ(intsOf(mesh, "triangles"), (std::vector<int32_t>{0, 1, 2, 0, 2, 3}));
     }
@@ -224,7 +225,8 @@ TEST(PartExport, MaterialsFromSurfacePartAndDefault) {
     run.open(crate, partMode);
     run.pressExport();
 
-    const Block& solid = solidGroup(run.readScene());
+    scenereader::Document scene = run.readScene();
+    const Block& solid = solidGroup(scene);
     EXPECT_EQ(materialKeys(solid),
               (std::vector<std::string>{"crate:wood:41:41:41", "crate:veneer:255:255:255", "crate:veneer:255:255:255"}));
     std::vector<const Block*> objects = solid.children("object");
@@ -262,7 +264,8 @@ TEST(PartExport, FacetSetIsOneFlatMeshWithoutUv) {
     addFacetSet(scan, 2);
     run.open(scan, partMode);
     run.pressExport();
-    const Block& solid = solidGroup(run.readScene());
+    scenereader::Document scene = run.readScene();
+    const Block& solid = solidGroup(scene);
     EXPECT_EQ(solid.statement("flags")->numbers(), std::vector<double>{1024});
     std::vector<const Block*> objects = solid.children("object");
     ASSERT_EQ(objects.size(), 1u) << "no inner group: facets know no exact geometry";
@@ -330,7 +333,8 @@ TEST(PartExport, OtherModesAndNoModel) {
         addView(drawing, u"FRONT", host::identityMatrix());
         run.open(drawing, 3);
         run.pressExport();
-        const Block& model = topGroup(run.readScene());
+        scenereader::Document scene = run.readScene();
+        const Block& model = topGroup(scene);
         EXPECT_EQ(model.children("camera").size(), 2u);
         EXPECT_EQ(model.child("group"), nullptr) << "a mode other than 1, 2 and 5 sends cameras only";
         EXPECT_EQ(run.session.tessellationRequests().size(), 0u);

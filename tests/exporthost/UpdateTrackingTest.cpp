@@ -11,6 +11,7 @@
 #include "export/UpdateTracking.h"
 #include "host/ActiveSession.h"
 #include "host/FunctionTable.h"
+#include "host/Session.h"
 #include "host/testing/ModelBuilder.h"
 #include "importers/sceneapi/LightFactory.h"
 #include "importers/sceneapi/nvxSceneapi_oo.h"
