@@ -1,8 +1,6 @@
 #include "plugin/VantrelPlugin.h"
 
-#include "plugin/Commands.h"
 #include "plugin/SettingsFile.h"
-#include "toolkit/Startup.h"
 
 namespace {
 
@@ -26,12 +24,3 @@ void VantrelPlugin::destroyInstance() {
     delete current;
     current = nullptr;
 }
-
-// The host's arguments are of no use to the plug-in. Registration can fail
-// only command by command, and the plug-in loads all the same.
-int user_initialize(int, char**, const char*, const char*, ProWchar*) {
-    registerCommands(*VantrelPlugin::instance());
-    return 0;
-}
-
-void user_terminate() { VantrelPlugin::destroyInstance(); }

@@ -1,0 +1,11 @@
+#pragma once
+// The motion of a node, from the frames read out of the host's animation
+// file, written into the scene on that node.
+#include <string>
+
+#include "toolkit/ProToolkit.h"
+
+class VantrelPlugin;
+
+void emitAnimation(VantrelPlugin& plugin, const ProAsmcomppath& fullPath, const ProAsmcomppath& localPath,
+                   const std::string& name);

@@ -1,0 +1,14 @@
+#pragma once
+// How the application's importer takes a run's scene: one options module,
+// filled by road.
+namespace nvx {
+class nvxSceneapi_oo;
+}
+
+enum class ExportRoad { File, Render, Update };
+
+// Fills the importer's options module for the road and adds it to the scene.
+// `freshInstance` tells whether the connected application does not yet show
+// the model; the file road counts as fresh.
+void addImporterOptions(nvx::nvxSceneapi_oo& scene, ExportRoad road, bool freshInstance, int upAxis,
+                        float meterScale);

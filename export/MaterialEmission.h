@@ -1,0 +1,18 @@
+#pragma once
+// Writes a MaterialRecord as a material block of the open object.
+#include <string>
+
+#include "export/MaterialRecord.h"
+
+class VantrelPlugin;
+
+// The 0..255 component that a colour and a diffuse coefficient give, in the
+// mix of precisions that the application's keys rely on.
+int materialComponent(double colour, float intensity);
+
+// The material's key: lower case, with the part's name in front when
+// materials are kept apart per part.
+std::string materialKey(bool separateMaterials, const std::string& partName, const std::string& name, int red,
+                        int green, int blue);
+
+void emitMaterial(VantrelPlugin& plugin, const std::string& partName, const MaterialRecord& record);

@@ -1,0 +1,103 @@
+#include "export/VisibilityFilters.h"
+
+#include "export/ComponentVisitData.h"
+#include "export/SolidGeometry.h"
+
+namespace {
+
+// Whether the layer item shows; the answer starts at 1, so a failing call
+// lets the item pass.
+int layerItemShows(int type, int id, ProMdl owner) {
+    ProLayerItem item{};
+    ProLayerItemInit(type, id, owner, &item);
+    int shows = 1;
+    ProLayeritemStatusGet(&item, nullptr, &shows);
+    return shows;
+}
+
+// Every layer that holds the feature has no display status or the normal
+// one. A feature on no layer passes.
+bool layersAreClear(const ProFeature& feature, ProMdl owner) {
+    ProLayerItem item{};
+    ProLayerItemInit(LAYER_ITEM_FEATURE, feature.id, owner, &item);
+    ProLayer* layers = nullptr;
+    ProLayeritemLayersGet(nullptr, &item, &layers);
+    int count = 0;
+    if (layers) ProArraySizeGet(layers, &count);
+    bool clear = true;
+    for (int i = 0; i < count; ++i) {
+        int status = 0;
+        ProLayerDisplaystatusGet(&layers[i], &status);
+        clear = clear && (status == -1 || status == 1);
+    }
+    return clear;
+}
+
+struct OwningFeature {
+    ProGeomitem item{};
+    ProFeature feature{};
+    int status = 0;
+    int type = 0;
+    ProBoolean inactive = PRO_B_FALSE;
+};
+
+OwningFeature readOwningFeature(const ProGeomitem& item) {
+    OwningFeature owning;
+    owning.item = item;
+    ProGeomitemFeatureGet(&owning.item, &owning.feature);
+    ProFeatureStatusGet(&owning.feature, &owning.status);
+    ProFeatureTypeGet(&owning.feature, &owning.type);
+    ProGeomitemIsInactive(&owning.item, &owning.inactive);
+    return owning;
+}
+
+}  // namespace
+
+ProError filterComponent(ProFeature* feature, ProAppData data) {
+    auto* visitData = static_cast<ComponentVisitData*>(data);
+    int type = 0;
+    ProFeatureTypeGet(feature, &type);
+    if (type != FEATURE_TYPE_COMPONENT) return PRO_TK_CONTINUE;
+    ProMdl model = nullptr;
+    if (ProAsmcompMdlGet(feature, &model) != PRO_TK_NO_ERROR) return PRO_TK_CONTINUE;
+    int status = 0;
+    ProFeatureStatusGet(feature, &status);
+    int shows = layerItemShows(LAYER_ITEM_FEATURE, feature->id, visitData->parentModel);
+    bool clear = layersAreClear(*feature, visitData->parentModel);
+    // A component hidden in the model tree is still sent: the flag is read
+    // and deliberately not used.
+    ProBoolean hidden = PRO_B_FALSE;
+    ProModelitemIsHidden(feature, &hidden);
+    return status == FEATURE_STATUS_ACTIVE && shows == 1 && clear ? PRO_TK_NO_ERROR : PRO_TK_CONTINUE;
+}
+
+ProError filterSurface(ProSurface surface, ProAppData data) {
+    auto* geometry = static_cast<SolidGeometry*>(data);
+    ProGeomitem item{};
+    ProSurfaceToGeomitem(geometry->solid, surface, &item);
+    OwningFeature owning = readOwningFeature(item);
+    if (owning.status != FEATURE_STATUS_ACTIVE || owning.inactive || owning.type == FEATURE_TYPE_THREAD)
+        return PRO_TK_CONTINUE;
+    return PRO_TK_NO_ERROR;
+}
+
+ProError filterQuilt(ProQuilt quilt, ProAppData data) {
+    auto* geometry = static_cast<SolidGeometry*>(data);
+    ProGeomitem item{};
+    ProQuiltToGeomitem(geometry->solid, quilt, &item);
+    OwningFeature owning = readOwningFeature(item);
+    ProBoolean itemHidden = PRO_B_FALSE, featureHidden = PRO_B_FALSE;
+    ProModelitemIsHidden(&owning.item, &itemHidden);
+    ProModelitemIsHidden(&owning.feature, &featureHidden);
+    ProBoolean backup = PRO_B_FALSE;
+    ProQuiltIsBackupgeometry(quilt, &backup);
+    int quiltId = 0;
+    ProQuiltIdGet(quilt, &quiltId);
+
+    if (layerItemShows(LAYER_ITEM_QUILT, quiltId, geometry->solid) == 0) return PRO_TK_CONTINUE;
+    if (layerItemShows(LAYER_ITEM_FEATURE, owning.feature.id, geometry->solid) == 0) return PRO_TK_CONTINUE;
+    if (owning.status != FEATURE_STATUS_ACTIVE || owning.inactive || itemHidden || featureHidden || backup ||
+        owning.type == FEATURE_TYPE_THREAD)
+        return PRO_TK_CONTINUE;
+    return PRO_TK_NO_ERROR;
+}

@@ -1,0 +1,100 @@
+// The pure rules of the export: matrices, chord heights, colours and keys,
+// unit scales, and the Update decision.
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "export/MaterialEmission.h"
+#include "export/MatrixMath.h"
+#include "export/Tessellation.h"
+#include "export/Units.h"
+#include "export/UpdateTracking.h"
+
+namespace {
+
+void expectMatrixNear(const ProMatrix actual, const ProMatrix expected) {
+    for (int row = 0; row < 4; ++row)
+        for (int column = 0; column < 4; ++column)
+            EXPECT_NEAR(actual[row][column], expected[row][column], 1e-12) << "at " << row << "," << column;
+}
+
+TEST(MatrixMath, InverseOfScaledRotationUndoesIt) {
+    // A rotation of 90 degrees about z, scaled by 2, moved by (1, 2, 3).
+    const ProMatrix m = {{0, 2, 0, 0}, {-2, 0, 0, 0}, {0, 0, 2, 0}, {1, 2, 3, 1}};
+    ProMatrix inverse;
+    ASSERT_TRUE(invertSimilarity(m, inverse));
+    ProMatrix product, identity;
+    multiplyMatrix(m, inverse, product);
+    setIdentity(identity);
+    expectMatrixNear(product, identity);
+    multiplyMatrix(inverse, m, product);
+    expectMatrixNear(product, identity);
+}
+
+TEST(MatrixMath, DegenerateAndNullInputs) {
+    const ProMatrix degenerate = {{1e-10, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}, {5, 5, 5, 1}};
+    ProMatrix out = {{7, 7, 7, 7}, {7, 7, 7, 7}, {7, 7, 7, 7}, {7, 7, 7, 7}};
+    EXPECT_FALSE(invertSimilarity(degenerate, out));
+    EXPECT_EQ(out[0][0], 7.0) << "a degenerate matrix leaves the output alone";
+    ProMatrix identity;
+    setIdentity(identity);
+    EXPECT_TRUE(invertSimilarity(nullptr, out));
+    expectMatrixNear(out, identity);
+    copyMatrix(nullptr, out);
+    expectMatrixNear(out, identity);
+}
+
+TEST(MatrixMath, MultiplyTakesRowsOfTheFirstAgainstColumnsOfTheSecond) {
+    const ProMatrix translate = {{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}, {10, 0, 0, 1}};
+    const ProMatrix scale = {{2, 0, 0, 0}, {0, 2, 0, 0}, {0, 0, 2, 0}, {0, 0, 0, 1}};
+    ProMatrix product;
+    multiplyMatrix(translate, scale, product);
+    EXPECT_EQ(product[3][0], 20.0) << "row vectors: the translation is scaled by what follows";
+    multiplyMatrix(scale, translate, product);
+    EXPECT_EQ(product[3][0], 10.0);
+}
+
+TEST(TessellationQuality, ChordHeightFollowsTheQualityFormula) {
+    const double d = 1000.0;
+    EXPECT_NEAR(chordHeightFor(d, 1.0), d * 0.0000001, 1e-15);
+    EXPECT_DOUBLE_EQ(chordHeightFor(d, 0.0), d * 0.0005);
+    double t = std::log(0.2) * 0.2 + 1.0;
+    EXPECT_NEAR(t, 0.678, 0.001);
+    EXPECT_DOUBLE_EQ(chordHeightFor(d, 0.2), d * 0.0005 - t * (d * 0.0005 - d * 0.0000001));
+    EXPECT_GT(chordHeightFor(d, 0.001), d * 0.0005) << "small qualities are not clamped";
+    EXPECT_DOUBLE_EQ(chordHeightFor(d, 0.0000009), d * 0.0005);
+}
+
+TEST(MaterialColour, ComponentsAndKeys) {
+    EXPECT_EQ(materialComponent(0.5, 1.0f), 128);
+    EXPECT_EQ(materialComponent(0.2, 0.8f), 41) << "51.5 truncates to 51, 51 x 0.8 = 40.8, +0.5 truncates to 41";
+    EXPECT_EQ(materialComponent(1.0, 1.0f), 255);
+    EXPECT_EQ(materialComponent(0.0, 0.5f), 0);
+    EXPECT_EQ(materialKey(true, "BRACKET", "Steel", 128, 128, 128), "bracket:steel:128:128:128");
+    EXPECT_EQ(materialKey(false, "BRACKET", "Steel", 128, 128, 128), "steel:128:128:128");
+    EXPECT_EQ(materialKey(false, "P", "", 1, 2, 3), ":1:2:3");
+}
+
+TEST(Units, MeterScaleByExactUnitName) {
+    EXPECT_EQ(meterScaleOfUnitName(u"mm"), 1000.0f);
+    EXPECT_EQ(meterScaleOfUnitName(u"cm"), 100.0f);
+    EXPECT_EQ(meterScaleOfUnitName(u"in"), 39.37008f);
+    EXPECT_EQ(meterScaleOfUnitName(u"ft"), 3.28084f);
+    EXPECT_EQ(meterScaleOfUnitName(u"mil"), 39370.08f);
+    EXPECT_EQ(meterScaleOfUnitName(u"micron"), 1000000.0f);
+    EXPECT_EQ(meterScaleOfUnitName(u"MM"), 1.0f) << "the comparison is exact in case";
+    EXPECT_EQ(meterScaleOfUnitName(u"km"), 1.0f);
+    EXPECT_EQ(meterScaleOfUnitName(u"m"), 1.0f);
+    EXPECT_EQ(meterScaleOfUnitName(u""), 1.0f);
+}
+
+TEST(UpdateDecision, ChangedOrPickedComponentsSendGeometry) {
+    EXPECT_TRUE(shouldEmitGeometry(false, false, true, false));
+    EXPECT_FALSE(shouldEmitGeometry(false, true, false, true)) << "not included never sends";
+    EXPECT_TRUE(shouldEmitGeometry(true, true, true, false));
+    EXPECT_FALSE(shouldEmitGeometry(true, false, true, false));
+    EXPECT_TRUE(shouldEmitGeometry(true, false, true, true));
+    EXPECT_FALSE(shouldEmitGeometry(true, false, false, true));
+}
+
+}  // namespace
