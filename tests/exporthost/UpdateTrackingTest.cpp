@@ -1,0 +1,157 @@
+// The traversal as an Update drives it, on the file road: the plug-in runs in
+// this process with the host's table, the version stamps are kept from run to
+// run, and each run's scene shows which groups carry geometry.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "export/ExportDrivers.h"
+#include "export/Representations.h"
+#include "export/SolidExport.h"
+#include "export/UpdateTracking.h"
+#include "host/ActiveSession.h"
+#include "host/FunctionTable.h"
+#include "host/Session.h"
+#include "host/testing/ModelBuilder.h"
+#include "importers/sceneapi/LightFactory.h"
+#include "importers/sceneapi/nvxSceneapi_oo.h"
+#include "plugin/VantrelPlugin.h"
+#include "scenereader/SceneReader.h"
+#include "toolkit/Startup.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using namespace host::fixtures;
+using scenereader::Block;
+
+constexpr int partMode = 1;
+constexpr int assemblyMode = 5;
+
+// The plug-in started in this process through its entry point, on a session
+// of its own, in a working directory of its own.
+class UpdateTracking : public ::testing::Test {
+protected:
+    void SetUp() override {
+        previous_ = fs::current_path();
+        directory_ = fs::temp_directory_path() /
+                     ("vantrel_update_" + std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()));
+        fs::remove_all(directory_);
+        fs::create_directories(directory_);
+        fs::current_path(directory_);
+        activation_ = std::make_unique<host::SessionActivation>(session);
+        auto table = host::hostFunctionTable();
+        ProWchar errorText[256] = {};
+        ASSERT_EQ(user_initialize_plus(0, nullptr, "3.0", "M010", 0, errorText, directory_.c_str(), "", "",
+                                       host::applicationContext, 0, table.data(), static_cast<int>(table.size()), 6),
+                  0);
+        buildRig();
+    }
+    void TearDown() override {
+        user_terminate_plus();
+        activation_.reset();
+        fs::current_path(previous_);
+        fs::remove_all(directory_);
+    }
+
+    // rig (with a surface of its own): frame [bolt, bolt, wheel [hub]], cover.
+    void buildRig() {
+        bolt = &session.addModel(part(u"bolt", 1));
+        host::Model& hub = session.addModel(part(u"hub", 1));
+        host::Model& cover = session.addModel(part(u"cover", 1));
+        host::Model& wheel = session.addModel(assembly(u"wheel"));
+        addComponent(wheel, &hub, 31);
+        host::Model& frame = session.addModel(assembly(u"frame"));
+        addComponent(frame, bolt, 21, translation(1, 0, 0));
+        addComponent(frame, bolt, 22, translation(2, 0, 0));
+        addComponent(frame, &wheel, 23);
+        rig = &session.addModel(part(u"rig", 1));
+        rig->type = host::modelTypeAssembly;
+        addComponent(*rig, &frame, 11);
+        addComponent(*rig, &cover, 12);
+        session.setCurrentModel(rig);
+        session.setMode(assemblyMode);
+    }
+
+    // One run of the traversal into a scene file, with the plug-in's state
+    // as it stands: the stamps of the runs before are kept.
+    std::string run(int mode = assemblyMode) {
+        VantrelPlugin& plugin = *VantrelPlugin::instance();
+        plugin.updateRun = true;
+        session.setMode(mode);
+        ProMdl model = nullptr;
+        ProMdlCurrentGet(&model);
+        std::string name = modelNameOf(model);
+        fs::path file = directory_ / ("run" + std::to_string(++runs_) + ".vnz");
+        {
+            nvx::LightFileFactory factory(file.string());
+            nvx::nvxSceneapi_oo layer(factory);
+            plugin.scene = &layer;
+            RepresentationItems items;
+            ComponentVisitData visitData;
+            visitData.representationItems = &items;
+            selectForUpdate(plugin, mode, visitData);
+            if (mode == assemblyMode) selectRepresentation(model, visitData);
+            layer.begin_group(name);
+            exportModel(plugin, model, mode, visitData, name);
+            layer.end_group();
+        }
+        return groupsWithGeometry(scenereader::readSceneFile(file.string()));
+    }
+
+    // The names of the solid groups that carry geometry (flags 1024), in
+    // file order.
+    static std::string groupsWithGeometry(const scenereader::Document& scene) {
+        std::string names;
+        for (const Block* group : scene.root.descendants("group")) {
+            const scenereader::Statement* flags = group->statement("flags");
+            if (flags && flags->numbers() == std::vector<double>{1024}) names += (names.empty() ? "" : " ") + group->name();
+        }
+        return names;
+    }
+
+    host::Session session;
+    host::Model* bolt = nullptr;
+    host::Model* rig = nullptr;
+
+private:
+    fs::path previous_, directory_;
+    std::unique_ptr<host::SessionActivation> activation_;
+    int runs_ = 0;
+};
+
+TEST_F(UpdateTracking, ChangedComponentsSendGeometryAndTheTopAlways) {
+    EXPECT_EQ(run(), "bolt bolt hub cover rig") << "a first Update finds no rows: all counts as changed";
+    EXPECT_EQ(run(), "rig") << "nothing changed: only the top model's own solid";
+    bolt->modify();
+    EXPECT_EQ(run(), "bolt bolt rig") << "both occurrences of the modified part";
+    EXPECT_EQ(run(), "rig");
+}
+
+TEST_F(UpdateTracking, ManualModeAddsThePicks) {
+    run();
+    VantrelPlugin::instance()->settings.selectionMode = 1;
+    session.script().select({{11, 23}});
+    EXPECT_EQ(run(), "hub rig") << "a picked sub-assembly hands the pick down";
+    session.script().select({{11, 21}});
+    EXPECT_EQ(run(), "bolt rig") << "a part picked on one of its two paths";
+    session.script().select({});
+    EXPECT_EQ(run(), "rig") << "nothing picked is automatic mode";
+    session.script().select({{}});
+    EXPECT_EQ(run(), "bolt bolt hub cover rig") << "the top picked: everything below it";
+    bolt->modify();
+    session.script().select({{12}});
+    EXPECT_EQ(run(), "bolt bolt cover rig") << "a pick adds to the stamps' verdict";
+    EXPECT_EQ(session.selectRequests().size(), 5u);
+    EXPECT_TRUE(session.errors().empty());
+}
+
+TEST_F(UpdateTracking, ManualModeOnAPartAsksForNoPicks) {
+    VantrelPlugin::instance()->settings.selectionMode = 1;
+    session.setCurrentModel(bolt);
+    EXPECT_EQ(run(partMode), "bolt");
+    EXPECT_TRUE(session.selectRequests().empty());
+    EXPECT_TRUE(session.errors().empty());
+}
+
+}  // namespace
