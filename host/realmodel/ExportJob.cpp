@@ -1,0 +1,132 @@
+#include "host/realmodel/ExportJob.h"
+
+#include <cmath>
+#include <cstdio>
+#include <memory>
+#include <sstream>
+#include <system_error>
+
+#include "host/Host.h"
+#include "host/HostError.h"
+#include "host/cad/CadLoader.h"
+#include "host/realmodel/ModelLoading.h"
+#include "scenereader/SceneReader.h"
+
+namespace host::realmodel {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr const char* exportCommand = "Vantrel Plugin Export";
+constexpr const char* finishDialog = "ExportFinished";
+constexpr const char* finishButton = "ExportOk";
+
+// Runs in another working directory and comes back when it goes.
+class WorkingDirectory {
+public:
+    explicit WorkingDirectory(const std::filesystem::path& folder) {
+        if (folder.empty()) return;
+        previous_ = std::filesystem::current_path();
+        std::error_code error;
+        std::filesystem::current_path(folder, error);
+        if (error) {
+            throw HostError("can't change to the working directory \"" + folder.string() + "\": " + error.message());
+        }
+    }
+    ~WorkingDirectory() {
+        std::error_code ignored;
+        if (!previous_.empty()) std::filesystem::current_path(previous_, ignored);
+    }
+    WorkingDirectory(const WorkingDirectory&) = delete;
+    WorkingDirectory& operator=(const WorkingDirectory&) = delete;
+
+private:
+    std::filesystem::path previous_;
+};
+
+std::string joined(const std::vector<std::string>& messages) {
+    std::string text;
+    for (const std::string& message : messages) text += (text.empty() ? "" : "; ") + message;
+    return text;
+}
+
+// Presses the export command as the user would, answering its file dialog
+// with `output` and its finish dialog with OK.
+void pressExport(const ExportRequest& request, const std::shared_ptr<const cad::CadModel>& model,
+                 const std::filesystem::path& output, ExportReport& report) {
+    Session session;
+    Host host(session, request.plugin);
+    LoadedModel loaded = openInSession(session, model);
+    report.surfaces = loaded.models.surfaceOccurrences;
+    if (request.progress) loaded.progress->setObserver(request.progress);
+    session.script().chooseFile(output.u16string());
+    session.script().pressButton(finishDialog, finishButton);
+    const auto start = Clock::now();
+    host.press(exportCommand);
+    report.times.exporting = Clock::now() - start;
+    report.times.meshing = loaded.progress->meshingTime();
+    report.chordHeight = loaded.progress->firstChordHeight();
+    if (loaded.progress->firstPartIndex() >= 0) {
+        const cad::Outline outline = model->parts.at(static_cast<size_t>(loaded.progress->firstPartIndex())).outline;
+        const double diagonal = std::hypot(outline.max[0] - outline.min[0], outline.max[1] - outline.min[1],
+                                           outline.max[2] - outline.min[2]);
+        if (diagonal > 0.0) report.relativeChordHeight = report.chordHeight / diagonal;
+    }
+    if (!session.errors().empty()) {
+        throw ExportError("the export of \"" + request.model.string() + "\" went wrong: " +
+                          joined(session.errors().messages()));
+    }
+}
+
+}  // namespace
+
+ExportReport runExport(const ExportRequest& request) {
+    const auto start = Clock::now();
+    auto model = std::make_shared<const cad::CadModel>(
+        cad::loadCadModel(std::filesystem::absolute(request.model).string()));
+    const auto loading = Clock::now() - start;
+    ExportReport report = runExport(request, std::move(model));
+    report.times.loading = loading;
+    return report;
+}
+
+ExportReport runExport(const ExportRequest& request, std::shared_ptr<const cad::CadModel> model) {
+    ExportReport report;
+    report.output = std::filesystem::absolute(request.output);
+    {
+        WorkingDirectory workdir(request.workdir);
+        writeSettingsFile(std::filesystem::current_path(), request.settings);
+        std::error_code ignored;
+        std::filesystem::remove(report.output, ignored);
+        pressExport(request, model, report.output, report);
+    }
+
+    std::error_code error;
+    report.bytes = std::filesystem::file_size(report.output, error);
+    if (error) throw ExportError("the plug-in wrote no scene \"" + report.output.string() + "\"");
+    const auto start = Clock::now();
+    try {
+        const scenereader::Document scene = scenereader::readSceneFile(report.output.string());
+        report.sceneProblems = scenereader::checkScene(scene);
+        report.summary = scenereader::summarize(scene);
+    } catch (const std::exception& failure) {
+        throw ExportError(std::string("the written scene can't be read: ") + failure.what());
+    }
+    report.times.reading = Clock::now() - start;
+    return report;
+}
+
+std::string describeReport(const ExportReport& report) {
+    std::ostringstream text;
+    text << scenereader::describeSummary(report.summary);
+    char figures[128];
+    std::snprintf(figures, sizeof figures, "; %.1f kB in %.2f s (reading the model %.2f s, meshing %.2f s)",
+                  static_cast<double>(report.bytes) / 1024.0,
+                  report.times.loading.count() + report.times.exporting.count(), report.times.loading.count(),
+                  report.times.meshing.count());
+    text << figures;
+    return text.str();
+}
+
+}  // namespace host::realmodel

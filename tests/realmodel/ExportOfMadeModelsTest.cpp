@@ -1,0 +1,263 @@
+// Models made here with kernel code, exported through the real plug-in in the
+// headless host and read back from the written scene.
+#include <BRepAlgoAPI_Cut.hxx>
+#include <BRepBuilderAPI_MakeFace.hxx>
+#include <BRepPrimAPI_MakeBox.hxx>
+#include <BRepPrimAPI_MakeCylinder.hxx>
+#include <TopExp_Explorer.hxx>
+#include <TopoDS.hxx>
+#include <gp_Pln.hxx>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <fstream>
+
+#include "../hostcad/CadTestSupport.h"
+#include "ExportedScene.h"
+#include "MadeModels.h"
+#include "host/cad/XdeDocumentBuilder.h"
+
+namespace host::realmodel::testing {
+namespace {
+
+using cad::testing::ScratchFolder;
+using Vector = std::array<double, 3>;
+
+gp_Trsf moved(double x, double y, double z) {
+    gp_Trsf placement;
+    placement.SetTranslation(gp_Vec(x, y, z));
+    return placement;
+}
+
+void writeText(const std::filesystem::path& path, const std::string& text) {
+    std::filesystem::create_directories(path.parent_path());
+    std::ofstream(path, std::ios::binary) << text;
+}
+
+Vector at(const std::vector<float>& values, size_t index) {
+    return {values[3 * index], values[3 * index + 1], values[3 * index + 2]};
+}
+
+Vector cross(const Vector& a, const Vector& b) {
+    return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
+}
+
+Vector minus(const Vector& a, const Vector& b) { return {a[0] - b[0], a[1] - b[1], a[2] - b[2]}; }
+
+double dot(const Vector& a, const Vector& b) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
+
+// Every normal of the scene's meshes, and every triangle's winding, points along `direction`.
+void expectMeshesFacing(const scenereader::Document& document, const Vector& direction) {
+    const auto meshes = meshesBelow(document.root);
+    ASSERT_FALSE(meshes.empty());
+    for (const scenereader::Block* mesh : meshes) {
+        const auto* vertices = floatArray(*mesh, "vertices");
+        const auto* normals = floatArray(*mesh, "normals");
+        const auto* triangles = intArray(*mesh, "triangles");
+        ASSERT_TRUE(vertices && normals && triangles);
+        for (size_t v = 0; v < normals->size() / 3; ++v) EXPECT_NEAR(dot(at(*normals, v), direction), 1.0, 1e-5);
+        for (size_t t = 0; t < triangles->size(); t += 3) {
+            const Vector a = at(*vertices, static_cast<size_t>((*triangles)[t]));
+            const Vector b = at(*vertices, static_cast<size_t>((*triangles)[t + 1]));
+            const Vector c = at(*vertices, static_cast<size_t>((*triangles)[t + 2]));
+            EXPECT_GT(dot(cross(minus(b, a), minus(c, a)), direction), 0.0) << "triangle " << t / 3;
+        }
+    }
+}
+
+TEST(ExportOfMadeModels, LengthUnitOfTheFileGivesTheMeterScale) {
+    const std::pair<const char*, double> units[] = {{"mm", 1000.0}, {"cm", 100.0}, {"in", 39.37008}, {"m", 1.0}};
+    for (const auto& [unit, scale] : units) {
+        ScratchFolder folder;
+        cad::XdeDocumentBuilder builder;
+        builder.addPart("BLOCK", BRepPrimAPI_MakeBox(1.0, 2.0, 3.0).Shape());
+        builder.writeStep(folder.file("block.step"), unit);
+        const ExportedScene scene = exportFile(folder.file("block.step"), folder.path());
+        const scenereader::Statement* meterScale = findStatement(scene.document.root, "meter_scale");
+        ASSERT_NE(meterScale, nullptr) << unit;
+        ASSERT_EQ(meterScale->numbers().size(), 1u);
+        EXPECT_NEAR(meterScale->numbers()[0], scale, scale * 1e-6) << unit;
+    }
+}
+
+TEST(ExportOfMadeModels, NormalsAndWindingFollowTheFaceAsUsed) {
+    const TopoDS_Face sheet = BRepBuilderAPI_MakeFace(gp_Pln(gp::XOY()), 0.0, 10.0, 0.0, 10.0).Face();
+    ScratchFolder upFolder;
+    expectMeshesFacing(exportModel(std::make_shared<const cad::CadModel>(cad::testing::modelOfShape(sheet)),
+                                   upFolder.path()).document,
+                       {0.0, 0.0, 1.0});
+    ScratchFolder downFolder;
+    const TopoDS_Face reversed = TopoDS::Face(sheet.Reversed());
+    expectMeshesFacing(exportModel(std::make_shared<const cad::CadModel>(cad::testing::modelOfShape(reversed)),
+                                   downFolder.path()).document,
+                       {0.0, 0.0, -1.0});
+}
+
+TEST(ExportOfMadeModels, NoTriangleCoversAHole) {
+    ScratchFolder folder;
+    const TopoDS_Shape box = BRepPrimAPI_MakeBox(40.0, 20.0, 2.0).Shape();
+    const TopoDS_Shape first = BRepPrimAPI_MakeCylinder(gp_Ax2(gp_Pnt(10, 10, -1), gp::DZ()), 4.0, 4.0).Shape();
+    const TopoDS_Shape second = BRepPrimAPI_MakeCylinder(gp_Ax2(gp_Pnt(30, 10, -1), gp::DZ()), 4.0, 4.0).Shape();
+    const TopoDS_Shape plate = BRepAlgoAPI_Cut(BRepAlgoAPI_Cut(box, first).Shape(), second).Shape();
+    const ExportedScene scene =
+        exportModel(std::make_shared<const cad::CadModel>(cad::testing::modelOfShape(plate)), folder.path());
+    size_t topTriangles = 0;
+    for (const scenereader::Block* mesh : meshesBelow(scene.document.root)) {
+        const auto& vertices = *floatArray(*mesh, "vertices");
+        const auto& triangles = *intArray(*mesh, "triangles");
+        for (size_t t = 0; t < triangles.size(); t += 3) {
+            Vector centroid{};
+            bool onTop = true;
+            for (size_t k = 0; k < 3; ++k) {
+                const Vector corner = at(vertices, static_cast<size_t>(triangles[t + k]));
+                onTop = onTop && std::abs(corner[2] - 2.0) < 1e-4;
+                for (size_t i = 0; i < 3; ++i) centroid[i] += corner[i] / 3.0;
+            }
+            if (!onTop) continue;
+            ++topTriangles;
+            EXPECT_GT(std::hypot(centroid[0] - 10.0, centroid[1] - 10.0), 3.9);
+            EXPECT_GT(std::hypot(centroid[0] - 30.0, centroid[1] - 10.0), 3.9);
+        }
+    }
+    EXPECT_GT(topTriangles, 8u);
+}
+
+TEST(ExportOfMadeModels, FaceColoursGiveAMaterialEachAndAPartColourOne) {
+    const TopoDS_Shape box = BRepPrimAPI_MakeBox(2.0, 2.0, 2.0).Shape();
+    ScratchFolder partFolder;
+    cad::XdeDocumentBuilder partColoured;
+    const TDF_Label part = partColoured.addPart("PAINTED", box);
+    partColoured.setColour(part, 0.0, 0.0, 1.0);
+    partColoured.writeStep(partFolder.file("painted.step"), "mm");
+    const ExportedScene one = exportFile(partFolder.file("painted.step"), partFolder.path());
+    EXPECT_EQ(one.report.summary.materials, 1u);
+    EXPECT_EQ(one.report.summary.triangleMeshes, 1u);
+
+    ScratchFolder faceFolder;
+    cad::XdeDocumentBuilder faceColoured;
+    const TDF_Label twoTone = faceColoured.addPart("TWO_TONE", box);
+    faceColoured.setColour(twoTone, 0.0, 0.0, 1.0);
+    faceColoured.setFaceColour(twoTone, TopExp_Explorer(box, TopAbs_FACE).Current(), 1.0, 0.0, 0.0);
+    faceColoured.writeStep(faceFolder.file("two-tone.step"), "mm");
+    const ExportedScene two = exportFile(faceFolder.file("two-tone.step"), faceFolder.path());
+    EXPECT_EQ(two.report.summary.materials, 2u);
+    std::vector<std::string> keys;
+    for (const scenereader::Block* material : two.document.root.descendants("material")) keys.push_back(material->name());
+    ASSERT_EQ(keys.size(), 2u);
+    EXPECT_NE(keys[0], keys[1]);
+    for (const std::string& key : keys) EXPECT_EQ(key.rfind("two_tone:", 0), 0u) << key;
+}
+
+TEST(ExportOfMadeModels, TextureOfAFaceIsFoundOnTheSearchPath) {
+    ScratchFolder folder;
+    const std::filesystem::path image = folder.path() / "textures" / "wood.png";
+    writeText(image, "not really an image");
+    cad::CadModel model =
+        cad::testing::modelOfShape(BRepBuilderAPI_MakeFace(gp_Pln(gp::XOY()), 0.0, 1.0, 0.0, 1.0).Face());
+    cad::CadAppearance wood;
+    wood.name = "Wood";
+    wood.red = 0.6;
+    wood.green = 0.4;
+    wood.blue = 0.2;
+    wood.texturePath = image.string();
+    model.sourcePath = (folder.path() / "tile.step").string();
+    model.parts.at(0).faces.at(0).appearance = wood;
+    const ExportedScene scene = exportModel(std::make_shared<const cad::CadModel>(std::move(model)), folder.path());
+    const auto materials = scene.document.root.descendants("material");
+    ASSERT_EQ(materials.size(), 1u);
+    EXPECT_EQ(materials[0]->name(), "shape:wood:153:102:51");
+    const scenereader::Block* texture = findShader(*materials[0], "texture_rgb");
+    ASSERT_NE(texture, nullptr);
+    const scenereader::Statement* path = texture->statement("texture");
+    ASSERT_NE(path, nullptr);
+    ASSERT_FALSE(path->values.empty());
+    EXPECT_EQ(path->values[0].text, image.string());
+}
+
+TEST(ExportOfMadeModels, HiddenComponentsAreLeftOut) {
+    ScratchFolder folder;
+    writeCubesWithHiddenOnes(folder.file("top.step"));
+
+    const ExportedScene scene = exportFile(folder.file("top.step"), folder.path());
+    const auto groups = partGroups(scene.document);
+    ASSERT_EQ(groups.size(), 1u);
+    EXPECT_EQ(groups[0]->name(), "SHOWN_CUBE");
+    EXPECT_TRUE(scene.report.sceneProblems.empty());
+}
+
+TEST(ExportOfMadeModels, PartUsedTwiceIsTwoGroupsWithTheirOwnTransforms) {
+    ScratchFolder folder;
+    cad::XdeDocumentBuilder builder;
+    const TDF_Label bolt = builder.addPart("BOLT", BRepPrimAPI_MakeCylinder(1.0, 5.0).Shape());
+    const TDF_Label top = builder.addAssembly("TOP");
+    builder.addComponent(top, bolt, moved(10.0, 0.0, 0.0));
+    gp_Trsf turned;
+    turned.SetRotation(gp_Ax1(gp::Origin(), gp::DZ()), M_PI / 2.0);
+    turned.SetTranslationPart(gp_Vec(0.0, 20.0, 5.0));
+    builder.addComponent(top, bolt, turned);
+    builder.writeStep(folder.file("bolts.step"), "mm");
+
+    const ExportedScene scene = exportFile(folder.file("bolts.step"), folder.path());
+    const auto groups = partGroupsNamed(scene.document, "BOLT");
+    ASSERT_EQ(groups.size(), 2u);
+    const std::vector<std::vector<double>> expected = {
+        {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 10, 0, 0, 1},
+        {0, 1, 0, 0, -1, 0, 0, 0, 0, 0, 1, 0, 0, 20, 5, 1},
+    };
+    for (size_t g = 0; g < 2; ++g) {
+        const scenereader::Statement* transform = groups[g]->statement("transform");
+        ASSERT_NE(transform, nullptr);
+        const std::vector<double> numbers = transform->numbers();
+        ASSERT_EQ(numbers.size(), 16u);
+        for (size_t i = 0; i < 16; ++i) EXPECT_NEAR(numbers[i], expected[g][i], 1e-5) << g << ": " << i;
+        EXPECT_EQ(meshesBelow(*groups[g]).size(), 1u);
+    }
+}
+
+TEST(ExportOfMadeModels, MeshPartIsAFacetSetWithFlatNormalsAndNoParameters) {
+    ScratchFolder folder;
+    writeText(folder.path() / "wedge.stl",
+              "solid wedge\n"
+              " facet normal 0 0 1\n  outer loop\n   vertex 0 0 0\n   vertex 2 0 0\n   vertex 0 2 0\n  endloop\n endfacet\n"
+              " facet normal 0 -1 0\n  outer loop\n   vertex 0 0 0\n   vertex 2 0 0\n   vertex 0 0 1\n  endloop\n endfacet\n"
+              "endsolid wedge\n");
+    const ExportedScene scene = exportFile(folder.path() / "wedge.stl", folder.path());
+    const auto groups = partGroups(scene.document);
+    ASSERT_EQ(groups.size(), 1u);
+    EXPECT_EQ(groups[0]->name(), "wedge");
+    const auto meshes = meshesBelow(*groups[0]);
+    ASSERT_EQ(meshes.size(), 1u);
+    EXPECT_EQ(floatArray(*meshes[0], "uv_tex"), nullptr);
+    const auto& normals = *floatArray(*meshes[0], "normals");
+    ASSERT_EQ(normals.size(), 18u);
+    for (size_t v = 0; v < 3; ++v) EXPECT_EQ(at(normals, v), (Vector{0, 0, 1}));
+    for (size_t v = 3; v < 6; ++v) EXPECT_EQ(at(normals, v), (Vector{0, -1, 0}));
+}
+
+TEST(ExportOfMadeModels, FinerQualityGivesMoreTriangles) {
+    ScratchFolder folder;
+    cad::XdeDocumentBuilder builder;
+    builder.addPart("ROD", BRepPrimAPI_MakeCylinder(10.0, 40.0).Shape());
+    builder.writeStep(folder.file("rod.step"), "mm");
+    ExportSettings coarse;
+    coarse.quality = 0.2;
+    ExportSettings fine;
+    fine.quality = 0.8;
+    const size_t coarseTriangles = triangleCount(exportFile(folder.file("rod.step"), folder.path(), coarse).document);
+    const size_t fineTriangles = triangleCount(exportFile(folder.file("rod.step"), folder.path(), fine).document);
+    EXPECT_GT(coarseTriangles, 0u);
+    EXPECT_GT(fineTriangles, coarseTriangles);
+}
+
+TEST(ExportOfMadeModels, ModelsThatCantBeExported_bad_) {
+    ScratchFolder folder;
+    writeText(folder.path() / "notes.txt", "no geometry here\n");
+    writeText(folder.path() / "empty.stl", "solid empty\nendsolid empty\n");
+    for (const char* name : {"missing.step", "notes.txt", "empty.stl"}) {
+        EXPECT_THROW(exportFile(folder.path() / name, folder.path()), cad::CadLoadError) << name;
+    }
+    EXPECT_FALSE(std::filesystem::exists(folder.path() / "scene.vnz"));
+}
+
+}  // namespace
+}  // namespace host::realmodel::testing
