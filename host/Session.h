@@ -100,7 +100,6 @@ public:
 
     // What the host handed out: texts, arrays and handles.
     HandedOutTexts<char>& handedOutStrings() { return handedOutStrings_; }
-    HandedOutTexts<ProWchar>& handedOutWideStrings() { return handedOutWideStrings_; }
     HostArrays& arrays() { return arrays_; }
     const HostArrays& arrays() const { return arrays_; }
     PluginHandles& handles() { return handles_; }
@@ -129,7 +128,6 @@ private:
     bool unicodeEncoding_ = true;
     std::optional<std::string> displayVersion_ = "3.0";
     HandedOutTexts<char> handedOutStrings_;
-    HandedOutTexts<ProWchar> handedOutWideStrings_;
     HostArrays arrays_;
     PluginHandles handles_;
     std::vector<TessellationRequest> tessellationRequests_;

@@ -41,10 +41,4 @@ ProError ops::ProStringFree(int context, char* text) {
     return session->handedOutStrings().release(text) ? PRO_TK_NO_ERROR : PRO_TK_BAD_INPUTS;
 }
 
-ProError ops::ProWstringFree(int context, ProWchar* text) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    return session->handedOutWideStrings().release(text) ? PRO_TK_NO_ERROR : PRO_TK_BAD_INPUTS;
-}
-
 }  // namespace host
