@@ -16,12 +16,12 @@ constexpr int instanceGroupFlags = 66560;
 // Included through the representation: the default action 2 or the parent
 // includes it, and the component's own item can override.
 bool includedInRepresentation(const ComponentVisitData& data, const ProAsmcomppath& fullPath) {
-    bool included = data.defaultAction == 2 || data.included;
+    bool included = data.defaultAction == PRO_SIMPREP_INCLUDE || data.included;
     auto item = data.representationItems->find(fullPath);
     if (item == data.representationItems->end()) return included;
     switch (item->second.type) {
-        case 1: return !included;
-        case 3: return false;
+        case PRO_SIMPREP_REVERSE: return !included;
+        case PRO_SIMPREP_EXCLUDE: return false;
         default: return true;
     }
 }
@@ -77,9 +77,9 @@ ProError visitComponent(ProFeature* feature, ProError, ProAppData appData) {
 
     int type = 0;
     ProMdlTypeGet(model, &type);
-    std::string key = name + (type == MODEL_TYPE_ASSEMBLY ? ".asm" : ".prt");
-    if (type != MODEL_TYPE_PART && type != MODEL_TYPE_ASSEMBLY) return PRO_TK_NO_ERROR;
-    if (type == MODEL_TYPE_ASSEMBLY)
+    std::string key = name + (type == PRO_MDL_ASSEMBLY ? ".asm" : ".prt");
+    if (type != PRO_MDL_PART && type != PRO_MDL_ASSEMBLY) return PRO_TK_NO_ERROR;
+    if (type == PRO_MDL_ASSEMBLY)
         visitSubassembly(plugin, data, model, fullPath, localPath, name, toTop, local, included, selected);
 
     // partInstances has no producer, so every occurrence of a part goes out in

@@ -14,4 +14,4 @@ ProError visitComponent(ProFeature* feature, ProError status, ProAppData data);
 // Writes the instances of a part recorded in partInstances under `key`.
 void emitInstances(VantrelPlugin& plugin, const std::string& key, const std::string& name);
 
-enum : int { MODEL_TYPE_ASSEMBLY = 1, MODEL_TYPE_PART = 2, ASSEMBLY_GROUP_FLAGS = 32768 };
+enum : int { ASSEMBLY_GROUP_FLAGS = 32768 };

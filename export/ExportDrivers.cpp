@@ -72,7 +72,7 @@ RunEnd runScene(VantrelPlugin& plugin, ExportRoad road) {
     ComponentVisitData visitData;
     visitData.representationItems = &representationItems;
     if (road == ExportRoad::Update) selectForUpdate(plugin, current.mode, visitData);
-    if (current.mode == MODE_ASSEMBLY && !selectRepresentation(current.model, visitData))
+    if (current.mode == PRO_MODE_ASSEMBLY && !selectRepresentation(current.model, visitData))
         return RunEnd::RepresentationCancelled;
     if (road != ExportRoad::Update) plugin.versionStamps.clear();
 
@@ -138,9 +138,9 @@ void exportModel(VantrelPlugin& plugin, ProMdl model, int mode, ComponentVisitDa
     setIdentity(visitData.parentInverse);
     visitData.versionStamps = &plugin.versionStamps;
     ProAsmcomppathInit(model, nullptr, 0, &visitData.path);
-    if (mode == MODE_ASSEMBLY)
+    if (mode == PRO_MODE_ASSEMBLY)
         ProSolidFeatVisit(model, visitComponent, filterComponent, &visitData);
-    else if (mode != MODE_PART && mode != MODE_PART_ALTERNATE)
+    else if (mode != PRO_MODE_PART && mode != PRO_MODE_PART_ALTERNATE)
         return;
 
     // The model's own outline and appearance are read; nothing uses them.

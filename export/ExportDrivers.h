@@ -22,4 +22,3 @@ void updateLive(VantrelPlugin& plugin);
 void exportModel(VantrelPlugin& plugin, ProMdl model, int mode, ComponentVisitData& visitData,
                  const std::string& name);
 
-enum : int { MODE_PART = 1, MODE_PART_ALTERNATE = 2, MODE_ASSEMBLY = 5 };

@@ -20,7 +20,7 @@ struct ItemCollection {
 };
 
 bool includeEverything(ComponentVisitData& visitData) {
-    visitData.defaultAction = 2;
+    visitData.defaultAction = PRO_SIMPREP_INCLUDE;
     visitData.included = true;
     return true;
 }

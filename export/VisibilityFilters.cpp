@@ -19,7 +19,7 @@ int layerItemShows(int type, int id, ProMdl owner) {
 // one. A feature on no layer passes.
 bool layersAreClear(const ProFeature& feature, ProMdl owner) {
     ProLayerItem item{};
-    ProLayerItemInit(LAYER_ITEM_FEATURE, feature.id, owner, &item);
+    ProLayerItemInit(PRO_LAYER_ITEM_FEATURE, feature.id, owner, &item);
     ProLayer* layers = nullptr;
     ProLayeritemLayersGet(nullptr, &item, &layers);
     int count = 0;
@@ -57,18 +57,18 @@ ProError filterComponent(ProFeature* feature, ProAppData data) {
     auto* visitData = static_cast<ComponentVisitData*>(data);
     int type = 0;
     ProFeatureTypeGet(feature, &type);
-    if (type != FEATURE_TYPE_COMPONENT) return PRO_TK_CONTINUE;
+    if (type != PRO_FEAT_TYPE_COMPONENT) return PRO_TK_CONTINUE;
     ProMdl model = nullptr;
     if (ProAsmcompMdlGet(feature, &model) != PRO_TK_NO_ERROR) return PRO_TK_CONTINUE;
     int status = 0;
     ProFeatureStatusGet(feature, &status);
-    int shows = layerItemShows(LAYER_ITEM_FEATURE, feature->id, visitData->parentModel);
+    int shows = layerItemShows(PRO_LAYER_ITEM_FEATURE, feature->id, visitData->parentModel);
     bool clear = layersAreClear(*feature, visitData->parentModel);
     // A component hidden in the model tree is still sent: the flag is read
     // and deliberately not used.
     ProBoolean hidden = PRO_B_FALSE;
     ProModelitemIsHidden(feature, &hidden);
-    return status == FEATURE_STATUS_ACTIVE && shows == 1 && clear ? PRO_TK_NO_ERROR : PRO_TK_CONTINUE;
+    return status == PRO_FEAT_ACTIVE && shows == 1 && clear ? PRO_TK_NO_ERROR : PRO_TK_CONTINUE;
 }
 
 ProError filterSurface(ProSurface surface, ProAppData data) {
@@ -76,7 +76,7 @@ ProError filterSurface(ProSurface surface, ProAppData data) {
     ProGeomitem item{};
     ProSurfaceToGeomitem(geometry->solid, surface, &item);
     OwningFeature owning = readOwningFeature(item);
-    if (owning.status != FEATURE_STATUS_ACTIVE || owning.inactive || owning.type == FEATURE_TYPE_THREAD)
+    if (owning.status != PRO_FEAT_ACTIVE || owning.inactive || owning.type == PRO_FEAT_TYPE_THREAD)
         return PRO_TK_CONTINUE;
     return PRO_TK_NO_ERROR;
 }
@@ -94,10 +94,10 @@ ProError filterQuilt(ProQuilt quilt, ProAppData data) {
     int quiltId = 0;
     ProQuiltIdGet(quilt, &quiltId);
 
-    if (layerItemShows(LAYER_ITEM_QUILT, quiltId, geometry->solid) == 0) return PRO_TK_CONTINUE;
-    if (layerItemShows(LAYER_ITEM_FEATURE, owning.feature.id, geometry->solid) == 0) return PRO_TK_CONTINUE;
-    if (owning.status != FEATURE_STATUS_ACTIVE || owning.inactive || itemHidden || featureHidden || backup ||
-        owning.type == FEATURE_TYPE_THREAD)
+    if (layerItemShows(PRO_LAYER_ITEM_QUILT, quiltId, geometry->solid) == 0) return PRO_TK_CONTINUE;
+    if (layerItemShows(PRO_LAYER_ITEM_FEATURE, owning.feature.id, geometry->solid) == 0) return PRO_TK_CONTINUE;
+    if (owning.status != PRO_FEAT_ACTIVE || owning.inactive || itemHidden || featureHidden || backup ||
+        owning.type == PRO_FEAT_TYPE_THREAD)
         return PRO_TK_CONTINUE;
     return PRO_TK_NO_ERROR;
 }

@@ -107,7 +107,7 @@ std::optional<std::vector<const Feature*>> componentsAlong(const Model& owner, s
     for (int id : ids) {
         if (!level) return std::nullopt;
         const Feature* feature = level->findFeature(id);
-        if (!feature || feature->type != featureTypeComponent) return std::nullopt;
+        if (!feature || feature->type != PRO_FEAT_TYPE_COMPONENT) return std::nullopt;
         components.push_back(feature);
         level = feature->component;
     }

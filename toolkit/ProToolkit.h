@@ -5,22 +5,9 @@
 // call stubs and the headless host's function table.
 #include <cstdint>
 
+#include "toolkit/ProConstants.h"
+
 extern "C" {
-
-typedef int ProError;
-enum : ProError {
-    PRO_TK_NO_ERROR = 0,
-    PRO_TK_GENERAL_ERROR = -1,
-    PRO_TK_BAD_INPUTS = -2,
-    PRO_TK_USER_ABORT = -3,
-    PRO_TK_E_NOT_FOUND = -4,
-    PRO_TK_CONTINUE = -7,
-    PRO_TK_COMM_ERROR = -11,
-    PRO_TK_NOT_EXIST = -23,
-};
-
-typedef int ProBoolean;
-enum : ProBoolean { PRO_B_FALSE = 0, PRO_B_TRUE = 1 };
 
 typedef char16_t ProWchar;                 // wide text is 16-bit on every platform
 typedef ProWchar ProMdlName[81];           // a model's bare name

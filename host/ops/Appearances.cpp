@@ -32,7 +32,7 @@ ProError answerRecord(const Session& session, const ProModelitem* item, Props* p
     } else {
         const Model* owner = ops::modelOf(session, item->owner);
         if (!owner) return PRO_TK_BAD_INPUTS;
-        if (item->type == itemTypeSurface) {
+        if (item->type == PRO_ITEM_SURFACE) {
             const Surface* surface = owner->findSurface(item->id);
             if (!surface) return PRO_TK_E_NOT_FOUND;
             record = &(surface->*source.ofSurface);
@@ -40,7 +40,7 @@ ProError answerRecord(const Session& session, const ProModelitem* item, Props* p
                 *props = Props{};
                 return PRO_TK_NO_ERROR;
             }
-        } else if (item->type == owner->type && item->id == modelItemId) {
+        } else if (item->type == owner->type && item->id == PRO_MODEL_ITEM_ID) {
             record = &(owner->*source.ofModel);
         } else {
             return PRO_TK_BAD_INPUTS;

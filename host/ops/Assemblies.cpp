@@ -11,7 +11,7 @@ namespace {
 // The feature that a feature item names; a status tells why there is none.
 const Feature* featureOf(const Session& session, const ProFeature* item, ProError& status) {
     const Model* owner = item ? ops::modelOf(session, item->owner) : nullptr;
-    if (!owner || item->type != itemTypeFeature) {
+    if (!owner || item->type != PRO_ITEM_FEATURE) {
         status = PRO_TK_BAD_INPUTS;
         return nullptr;
     }
@@ -37,7 +37,7 @@ bool validCount(int count) { return count >= 0 && count <= PRO_MAX_ASSEM_LEVEL; 
 // The solid's own features in order; the plug-in descends into components itself.
 ProError ops::ProSolidFeatVisit(int context, ProSolid solid, ProFeatureVisitAction action,
                                 ProFeatureFilterAction filter, ProAppData data) {
-    auto itemOf = [](const Feature& feature, ProSolid owner) { return ProFeature{itemTypeFeature, feature.id, owner}; };
+    auto itemOf = [](const Feature& feature, ProSolid owner) { return ProFeature{PRO_ITEM_FEATURE, feature.id, owner}; };
     return visitOfSolid(context, solid, &Model::features, itemOf, filter, action, data);
 }
 
@@ -56,7 +56,7 @@ ProError ops::ProAsmcompMdlGet(int context, ProFeature* component, ProMdl* model
     ProError status = PRO_TK_BAD_INPUTS;
     const Feature* feature = model ? featureOf(*session, component, status) : nullptr;
     if (!feature) return status;
-    if (feature->type != featureTypeComponent) return PRO_TK_BAD_INPUTS;
+    if (feature->type != PRO_FEAT_TYPE_COMPONENT) return PRO_TK_BAD_INPUTS;
     if (!feature->component) return PRO_TK_E_NOT_FOUND;
     *model = handleOf<ProMdl>(*feature->component);
     return PRO_TK_NO_ERROR;
@@ -112,15 +112,15 @@ ProError ops::ProGeomitemFeatureGet(int context, ProGeomitem* item, ProFeature* 
     const Model* owner = item ? modelOf(*session, item->owner) : nullptr;
     if (!owner || !feature) return PRO_TK_BAD_INPUTS;
     std::optional<int> featureId;
-    if (item->type == itemTypeSurface) {
+    if (item->type == PRO_ITEM_SURFACE) {
         if (const Surface* surface = owner->findSurface(item->id)) featureId = surface->featureId;
-    } else if (item->type == itemTypeQuilt) {
+    } else if (item->type == PRO_ITEM_QUILT) {
         if (const Quilt* quilt = owner->findQuilt(item->id)) featureId = quilt->featureId;
     } else {
         return PRO_TK_BAD_INPUTS;
     }
     if (!featureId || !owner->findFeature(*featureId)) return PRO_TK_E_NOT_FOUND;
-    *feature = ProFeature{itemTypeFeature, *featureId, item->owner};
+    *feature = ProFeature{PRO_ITEM_FEATURE, *featureId, item->owner};
     return PRO_TK_NO_ERROR;
 }
 

@@ -15,7 +15,7 @@ bool holds(const Layer& layer, const ProLayerItem& item) {
 }
 
 // Blanked and hidden layers hide what they hold; the other statuses show it.
-bool hides(const Layer& layer) { return layer.displayStatus == layerBlank || layer.displayStatus == layerHidden; }
+bool hides(const Layer& layer) { return layer.displayStatus == PRO_LAYER_BLANK || layer.displayStatus == PRO_LAYER_HIDDEN; }
 
 ProBoolean flag(bool value) { return value ? PRO_B_TRUE : PRO_B_FALSE; }
 
@@ -37,13 +37,13 @@ ProError answerFlagOf(const Item* found, bool Item::*field, ProBoolean* answer) 
 ProError answerFlag(const Session& session, const ProModelitem* item, ProBoolean* answer, const FlagSource& source) {
     const Model* owner = item ? ops::modelOf(session, item->owner) : nullptr;
     if (!owner || !answer) return PRO_TK_BAD_INPUTS;
-    if (item->type == itemTypeFeature && source.ofFeature) {
+    if (item->type == PRO_ITEM_FEATURE && source.ofFeature) {
         return answerFlagOf(owner->findFeature(item->id), source.ofFeature, answer);
     }
-    if (item->type == itemTypeSurface && source.ofSurface) {
+    if (item->type == PRO_ITEM_SURFACE && source.ofSurface) {
         return answerFlagOf(owner->findSurface(item->id), source.ofSurface, answer);
     }
-    if (item->type == itemTypeQuilt && source.ofQuilt) {
+    if (item->type == PRO_ITEM_QUILT && source.ofQuilt) {
         return answerFlagOf(owner->findQuilt(item->id), source.ofQuilt, answer);
     }
     return PRO_TK_BAD_INPUTS;
@@ -90,7 +90,7 @@ ProError ops::ProLayeritemLayersGet(int context, ProAsmcomppath*, ProLayerItem* 
     if (!owner || !layers) return PRO_TK_BAD_INPUTS;
     std::vector<ProLayer> holding;
     for (const Layer& layer : owner->layers) {
-        if (holds(layer, *item)) holding.push_back(ProLayer{itemTypeLayer, layer.id, item->owner});
+        if (holds(layer, *item)) holding.push_back(ProLayer{PRO_ITEM_LAYER, layer.id, item->owner});
     }
     *layers = session->arrays().copyOf<ProLayer>(holding, "layers");
     return PRO_TK_NO_ERROR;
@@ -100,7 +100,7 @@ ProError ops::ProLayerDisplaystatusGet(int context, ProLayer* layer, int* status
     Session* session = sessionFor(context);
     if (!session) return PRO_TK_GENERAL_ERROR;
     const Model* owner = layer ? modelOf(*session, layer->owner) : nullptr;
-    if (!owner || !status || layer->type != itemTypeLayer) return PRO_TK_BAD_INPUTS;
+    if (!owner || !status || layer->type != PRO_ITEM_LAYER) return PRO_TK_BAD_INPUTS;
     const Layer* found = owner->findLayer(layer->id);
     if (!found) return PRO_TK_E_NOT_FOUND;
     *status = found->displayStatus;

@@ -9,8 +9,8 @@ constexpr size_t modelNameCapacity = sizeof(ProMdlName) / sizeof(ProWchar);
 constexpr size_t modelTypeCapacity = sizeof(ProMdldata::type) / sizeof(ProWchar);
 
 std::u16string_view typeText(int type) {
-    if (type == modelTypeAssembly) return u"ASM";
-    if (type == modelTypePart) return u"PRT";
+    if (type == PRO_MDL_ASSEMBLY) return u"ASM";
+    if (type == PRO_MDL_PART) return u"PRT";
     return u"";
 }
 
@@ -65,13 +65,13 @@ ProError ops::ProModeCurrentGet(int context, int* mode) {
     return PRO_TK_NO_ERROR;
 }
 
-// The model's own item: the model's type, the id modelItemId, the model as owner.
+// The model's own item: the model's type, the id PRO_MODEL_ITEM_ID, the model as owner.
 ProError ops::ProMdlToModelitem(int context, ProMdl handle, ProModelitem* item) {
     Session* session = sessionFor(context);
     if (!session) return PRO_TK_GENERAL_ERROR;
     const Model* model = modelOf(*session, handle);
     if (!model || !item) return PRO_TK_BAD_INPUTS;
-    *item = ProModelitem{model->type, modelItemId, handle};
+    *item = ProModelitem{model->type, PRO_MODEL_ITEM_ID, handle};
     return PRO_TK_NO_ERROR;
 }
 

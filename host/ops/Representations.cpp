@@ -12,7 +12,7 @@ namespace host {
 ProError ops::ProSolidSimprepVisit(int context, ProSolid solid, ProSimprepFilterAction filter,
                                    ProSimprepVisitAction action, ProAppData data) {
     auto itemOf = [](const Representation& representation, ProSolid owner) {
-        return ProSimprep{itemTypeSimprep, representation.id, owner};
+        return ProSimprep{PRO_ITEM_SIMPREP, representation.id, owner};
     };
     return visitOfSolid(context, solid, &Model::representations, itemOf, filter, action, data);
 }
@@ -35,7 +35,7 @@ ProError ops::ProSimprepSelect(int context, ProSolid solid, ProSimprep* simprep)
                               "\", which \"" + narrowed(model->name) + "\" doesn't have");
         return PRO_TK_GENERAL_ERROR;
     }
-    *simprep = ProSimprep{itemTypeSimprep, chosen->id, solid};
+    *simprep = ProSimprep{PRO_ITEM_SIMPREP, chosen->id, solid};
     return PRO_TK_NO_ERROR;
 }
 
@@ -44,7 +44,7 @@ ProError ops::ProSimprepdataGet(int context, ProSimprep* simprep, ProSimprepdata
     Session* session = sessionFor(context);
     if (!session) return PRO_TK_GENERAL_ERROR;
     const Model* owner = simprep ? modelOf(*session, simprep->owner) : nullptr;
-    if (!owner || !data || simprep->type != itemTypeSimprep) return PRO_TK_BAD_INPUTS;
+    if (!owner || !data || simprep->type != PRO_ITEM_SIMPREP) return PRO_TK_BAD_INPUTS;
     const Representation* representation = owner->findRepresentation(simprep->id);
     if (!representation) return PRO_TK_E_NOT_FOUND;
     if (representation->dataFails) return PRO_TK_GENERAL_ERROR;

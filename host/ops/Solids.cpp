@@ -63,7 +63,7 @@ ProError ops::ProSurfaceToGeomitem(int context, ProSolid solid, ProSurface surfa
     Session* session = sessionFor(context);
     if (!session) return PRO_TK_GENERAL_ERROR;
     if (!modelOf(*session, solid) || !surface || !item) return PRO_TK_BAD_INPUTS;
-    *item = ProGeomitem{itemTypeSurface, objectOf<Surface>(surface)->id, solid};
+    *item = ProGeomitem{PRO_ITEM_SURFACE, objectOf<Surface>(surface)->id, solid};
     return PRO_TK_NO_ERROR;
 }
 
@@ -71,7 +71,7 @@ ProError ops::ProQuiltToGeomitem(int context, ProSolid solid, ProQuilt quilt, Pr
     Session* session = sessionFor(context);
     if (!session) return PRO_TK_GENERAL_ERROR;
     if (!modelOf(*session, solid) || !quilt || !item) return PRO_TK_BAD_INPUTS;
-    *item = ProGeomitem{itemTypeQuilt, objectOf<Quilt>(quilt)->id, solid};
+    *item = ProGeomitem{PRO_ITEM_QUILT, objectOf<Quilt>(quilt)->id, solid};
     return PRO_TK_NO_ERROR;
 }
 

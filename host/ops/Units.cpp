@@ -10,9 +10,6 @@ namespace host {
 namespace {
 
 constexpr size_t unitNameCapacity = sizeof(ProUnitName) / sizeof(ProWchar);
-// The unit type of lengths, and the type of a mass-length-time system.
-constexpr int unitTypeLength = 0;
-constexpr int unitSystemMassLengthTime = 1;
 
 struct KnownUnit {
     std::u16string_view name;
@@ -54,7 +51,7 @@ ProError ops::ProUnitsystemTypeGet(int context, ProUnitsystem* system, int* type
     Session* session = sessionFor(context);
     if (!session) return PRO_TK_GENERAL_ERROR;
     if (!system || !modelOf(*session, system->owner) || !type) return PRO_TK_BAD_INPUTS;
-    *type = unitSystemMassLengthTime;
+    *type = PRO_UNITSYSTEM_MASS_LENGTH_TIME;
     return PRO_TK_NO_ERROR;
 }
 
@@ -64,7 +61,7 @@ ProError ops::ProUnitsystemUnitGet(int context, ProUnitsystem* system, int unitT
     if (!session) return PRO_TK_GENERAL_ERROR;
     const Model* model = system ? modelOf(*session, system->owner) : nullptr;
     if (!model || !unit) return PRO_TK_BAD_INPUTS;
-    if (unitType != unitTypeLength) return PRO_TK_E_NOT_FOUND;
+    if (unitType != PRO_UNITTYPE_LENGTH) return PRO_TK_E_NOT_FOUND;
     unit->owner = system->owner;
     copyToBuffer(unit->name, unitNameCapacity, model->lengthUnit);
     return PRO_TK_NO_ERROR;

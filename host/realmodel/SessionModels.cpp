@@ -94,10 +94,10 @@ private:
 
     Model* buildPart(int index) {
         const cad::CadPart& part = cad_->parts.at(static_cast<size_t>(index));
-        Model model = baseModel(part.name, modelTypePart, {cad::NodeKind::part, index});
+        Model model = baseModel(part.name, PRO_MDL_PART, {cad::NodeKind::part, index});
         Feature solid;
         solid.id = largestId(part) + 1;
-        solid.type = featureTypeSolid;
+        solid.type = PRO_FEAT_TYPE_SOLID;
         model.features.push_back(solid);
         if (part.appearance) {
             model.appearance = appearancePropsOf(*part.appearance);
@@ -131,31 +131,31 @@ private:
 
     Model* buildAssembly(int index) {
         const cad::CadAssembly& assembly = cad_->assemblies.at(static_cast<size_t>(index));
-        Model model = baseModel(assembly.name, modelTypeAssembly, {cad::NodeKind::assembly, index});
+        Model model = baseModel(assembly.name, PRO_MDL_ASSEMBLY, {cad::NodeKind::assembly, index});
         for (const cad::CadComponent& component : assembly.components) {
             Feature feature;
             feature.id = component.id;
-            feature.type = featureTypeComponent;
-            feature.status = featureStatusActive;
+            feature.type = PRO_FEAT_TYPE_COMPONENT;
+            feature.status = PRO_FEAT_ACTIVE;
             feature.component = build(component.target);
             feature.placement = toHostMatrix(component.placement);
             model.features.push_back(feature);
             bool onHiddenLayer = false;
             for (const std::string& layerName : component.layerNames) {
                 const int status = layerStatusOf(layerName);
-                onHiddenLayer = onHiddenLayer || status == layerBlank;
+                onHiddenLayer = onHiddenLayer || status == PRO_LAYER_BLANK;
                 addToLayer(model, nvx::utf8ToWide(layerName), status, component.id);
             }
-            if (component.blanked && !onHiddenLayer) addToLayer(model, blankedLayerName, layerBlank, component.id);
+            if (component.blanked && !onHiddenLayer) addToLayer(model, blankedLayerName, PRO_LAYER_BLANK, component.id);
         }
         return &session_.addModel(std::move(model));
     }
 
     int layerStatusOf(const std::string& name) const {
         for (const cad::CadLayer& layer : cad_->layers) {
-            if (layer.name == name) return layer.visible ? layerNormal : layerBlank;
+            if (layer.name == name) return layer.visible ? PRO_LAYER_NORMAL : PRO_LAYER_BLANK;
         }
-        return layerNormal;
+        return PRO_LAYER_NORMAL;
     }
 
     static void addToLayer(Model& model, const std::u16string& name, int status, int featureId) {
@@ -169,7 +169,7 @@ private:
             model.layers.push_back(std::move(added));
             layer = model.layers.end() - 1;
         }
-        layer->items.push_back({layerItemFeature, featureId});
+        layer->items.push_back({PRO_LAYER_ITEM_FEATURE, featureId});
     }
 
     Session& session_;

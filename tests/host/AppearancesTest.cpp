@@ -49,16 +49,16 @@ TEST_F(Appearances, SurfaceItemsAnswerTheirRecordOrOneWithAnEmptyName) {
     // Quilt surfaces are found through the same item.
     host::Surface& quiltSurface = addQuilt(model, 1).surfaces[0];
     quiltSurface.appearance = appearance(u"glass", {0.9, 0.9, 1.0});
-    ProModelitem inQuilt{host::itemTypeSurface, quiltSurface.id, handle(model)};
+    ProModelitem inQuilt{PRO_ITEM_SURFACE, quiltSurface.id, handle(model)};
     ASSERT_EQ(host::ops::ProSurfaceAppearancepropsGet(context, &inQuilt, &props), PRO_TK_NO_ERROR);
     EXPECT_EQ(nameOf(props), u"glass");
-    ProModelitem unknown{host::itemTypeSurface, 999, handle(model)};
+    ProModelitem unknown{PRO_ITEM_SURFACE, 999, handle(model)};
     EXPECT_NE(host::ops::ProSurfaceAppearancepropsGet(context, &unknown, &props), PRO_TK_NO_ERROR);
 }
 
 TEST_F(Appearances, ModelItemsAnswerTheModelsRecordOrFail) {
     ProModelitem item = modelItem();
-    EXPECT_EQ(item.type, host::modelTypePart);
+    EXPECT_EQ(item.type, PRO_MDL_PART);
     EXPECT_NE(host::ops::ProSurfaceAppearancepropsGet(context, &item, &props), PRO_TK_NO_ERROR);
     EXPECT_NE(host::ops::ProSurfaceTexturepropsGet(context, &item, &textureProps), PRO_TK_NO_ERROR);
     model.appearance = appearance(u"paint", {1.0, 0.0, 0.0}, 1.0, u"Red paint");

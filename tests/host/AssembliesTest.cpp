@@ -20,7 +20,7 @@ protected:
         addComponent(sub, &inner, 20, translation(0, 5, 0));
         addComponent(top, &sub, 10, host::multiply(rotationZ(90), translation(10, 0, 0)));
         addComponent(top, nullptr, 11);
-        addComponent(top, &bolt, 12).status = host::featureStatusSuppressed;
+        addComponent(top, &bolt, 12).status = PRO_FEAT_SUPPRESSED;
     }
 
     ProError init(host::Model& owner, std::vector<int> ids, ProAsmcomppath& path) {
@@ -59,19 +59,19 @@ TEST_F(Assemblies, FeatureVisitGivesTheOwnersFeaturesWithTheirTypeStatusAndModel
     ASSERT_EQ(features.size(), 2u);
     EXPECT_EQ(features[0].id, 10);
     EXPECT_EQ(features[1].id, 12);
-    EXPECT_EQ(features[0].type, host::itemTypeFeature);
+    EXPECT_EQ(features[0].type, PRO_ITEM_FEATURE);
     EXPECT_EQ(features[0].owner, handle(top));
     int type = 0, status = -1;
     ProMdl model = nullptr;
     host::ops::ProFeatureTypeGet(context, &features[0], &type);
     host::ops::ProFeatureStatusGet(context, &features[1], &status);
     host::ops::ProAsmcompMdlGet(context, &features[0], &model);
-    EXPECT_EQ(type, host::featureTypeComponent);
-    EXPECT_EQ(status, host::featureStatusSuppressed);
+    EXPECT_EQ(type, PRO_FEAT_TYPE_COMPONENT);
+    EXPECT_EQ(status, PRO_FEAT_SUPPRESSED);
     EXPECT_EQ(model, handle(sub));
-    ProFeature body{host::itemTypeFeature, bodyFeatureId, handle(bolt)};
+    ProFeature body{PRO_ITEM_FEATURE, bodyFeatureId, handle(bolt)};
     EXPECT_EQ(host::ops::ProAsmcompMdlGet(context, &body, &model), PRO_TK_BAD_INPUTS) << "no component";
-    ProFeature missing{host::itemTypeFeature, 99, handle(top)};
+    ProFeature missing{PRO_ITEM_FEATURE, 99, handle(top)};
     EXPECT_EQ(host::ops::ProFeatureTypeGet(context, &missing, &type), PRO_TK_E_NOT_FOUND);
 }
 
@@ -118,13 +118,13 @@ TEST_F(Assemblies, GeometryItemsNameTheirOwningFeature) {
     ProGeomitem surface{}, quiltItem{};
     host::ops::ProSurfaceToGeomitem(context, handle(bolt), handle(bolt.surfaces[0]), &surface);
     host::ops::ProQuiltToGeomitem(context, handle(bolt), handle(quilt), &quiltItem);
-    EXPECT_EQ(surface.type, host::itemTypeSurface);
+    EXPECT_EQ(surface.type, PRO_ITEM_SURFACE);
     EXPECT_EQ(surface.id, firstSurfaceId);
-    EXPECT_EQ(quiltItem.type, host::itemTypeQuilt);
+    EXPECT_EQ(quiltItem.type, PRO_ITEM_QUILT);
     ProFeature feature{};
     ASSERT_EQ(host::ops::ProGeomitemFeatureGet(context, &surface, &feature), PRO_TK_NO_ERROR);
     EXPECT_EQ(feature.id, bodyFeatureId);
-    EXPECT_EQ(feature.type, host::itemTypeFeature);
+    EXPECT_EQ(feature.type, PRO_ITEM_FEATURE);
     ASSERT_EQ(host::ops::ProGeomitemFeatureGet(context, &quiltItem, &feature), PRO_TK_NO_ERROR);
     EXPECT_EQ(feature.id, quilt.featureId);
     EXPECT_NE(quilt.featureId, bodyFeatureId);

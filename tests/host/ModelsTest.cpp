@@ -21,12 +21,12 @@ TEST_F(HostOperations, CurrentModelNameTypeAndModeAnswerTheSession) {
     int type = 0, mode = 0;
     host::ops::ProMdlTypeGet(context, current, &type);
     host::ops::ProModeCurrentGet(context, &mode);
-    EXPECT_EQ(type, host::modelTypeAssembly);
+    EXPECT_EQ(type, PRO_MDL_ASSEMBLY);
     EXPECT_EQ(mode, 5);
     ProModelitem item{};
     host::ops::ProMdlToModelitem(context, current, &item);
-    EXPECT_EQ(item.type, host::modelTypeAssembly);
-    EXPECT_EQ(item.id, host::modelItemId);
+    EXPECT_EQ(item.type, PRO_MDL_ASSEMBLY);
+    EXPECT_EQ(item.id, PRO_MODEL_ITEM_ID);
     EXPECT_EQ(item.owner, current);
     host::Model stranger;
     EXPECT_EQ(host::ops::ProMdlTypeGet(context, handle(stranger), &type), PRO_TK_BAD_INPUTS);

@@ -37,7 +37,7 @@ TEST_F(Representations, VisitGoesThroughAllWithOrWithoutAFilter) {
     ASSERT_EQ(met.size(), 3u);
     EXPECT_EQ(met[0].id, -1);
     EXPECT_EQ(met[0].owner, handle(model));
-    EXPECT_EQ(met[0].type, host::itemTypeSimprep);
+    EXPECT_EQ(met[0].type, PRO_ITEM_SIMPREP);
     met.clear();
     host::ops::ProSolidSimprepVisit(context, handle(model), passOverSecond, collectRepresentation, &met);
     EXPECT_EQ(met.size(), 2u);
@@ -62,7 +62,7 @@ TEST_F(Representations, SelectFollowsTheScriptOrIsCancelled) {
 }
 
 TEST_F(Representations, DataHoldsTheDefaultActionAndItemsUntilFreed) {
-    ProSimprep light{host::itemTypeSimprep, 2, handle(model)};
+    ProSimprep light{PRO_ITEM_SIMPREP, 2, handle(model)};
     ProSimprepdata* data = nullptr;
     ASSERT_EQ(host::ops::ProSimprepdataGet(context, &light, &data), PRO_TK_NO_ERROR);
     EXPECT_EQ(data->defaultAction, 1);
@@ -81,9 +81,9 @@ TEST_F(Representations, DataHoldsTheDefaultActionAndItemsUntilFreed) {
     EXPECT_EQ(host::ops::ProSimprepdataFree(context, &alias), PRO_TK_BAD_INPUTS);
     EXPECT_EQ(host::ops::ProSimprepdataitemsVisit(context, alias, collectItem, &items), PRO_TK_BAD_INPUTS);
 
-    ProSimprep broken{host::itemTypeSimprep, 3, handle(model)};
+    ProSimprep broken{PRO_ITEM_SIMPREP, 3, handle(model)};
     EXPECT_NE(host::ops::ProSimprepdataGet(context, &broken, &data), PRO_TK_NO_ERROR);
-    ProSimprep absent{host::itemTypeSimprep, 7, handle(model)};
+    ProSimprep absent{PRO_ITEM_SIMPREP, 7, handle(model)};
     EXPECT_NE(host::ops::ProSimprepdataGet(context, &absent, &data), PRO_TK_NO_ERROR);
     EXPECT_EQ(session().handles().outstanding(), 0u);
 }
