@@ -3,9 +3,10 @@
 // file, written into the scene on that node.
 #include <string>
 
+#include "importers/sceneapi/nvxScene_api.h"
 #include "toolkit/ProToolkit.h"
 
 class VantrelPlugin;
 
-void emitAnimation(VantrelPlugin& plugin, const ProAsmcomppath& fullPath, const ProAsmcomppath& localPath,
-                   const std::string& name);
+void emitAnimation(nvxScene_api& scene, VantrelPlugin& plugin, const ProAsmcomppath& fullPath,
+                   const ProAsmcomppath& localPath, const std::string& name);

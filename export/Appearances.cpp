@@ -48,8 +48,8 @@ void takeTexture(const TextureProps& texture, MaterialRecord& record) {
 
 }  // namespace
 
-MaterialRecord resolveAppearance(VantrelPlugin&, const std::string&, ProGeomitem* item, const ProAsmcomppath&,
-                                 const AppearanceProps* modelProps, const TextureProps* modelTexture) {
+MaterialRecord resolveAppearance(ProGeomitem* item, const ProAsmcomppath&, const AppearanceProps* modelProps,
+                                 const TextureProps* modelTexture) {
     // The surface's own record first; for a facet set the item is null, so
     // the host's default is asked before the solid's record.
     MaterialRecord record;

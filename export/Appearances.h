@@ -5,11 +5,8 @@
 #include "export/MaterialRecord.h"
 #include "toolkit/ProToolkit.h"
 
-class VantrelPlugin;
-
 // Tries the surface's own appearance, then the solid's, then the host's
 // default. `item` is null for a facet set; `modelProps` and `modelTexture`
 // are null when the solid has no such record.
-MaterialRecord resolveAppearance(VantrelPlugin& plugin, const std::string& partName, ProGeomitem* item,
-                                 const ProAsmcomppath& fullPath, const AppearanceProps* modelProps,
+MaterialRecord resolveAppearance(ProGeomitem* item, const ProAsmcomppath& fullPath, const AppearanceProps* modelProps,
                                  const TextureProps* modelTexture);

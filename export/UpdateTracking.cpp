@@ -1,6 +1,6 @@
 #include "export/UpdateTracking.h"
 
-#include "plugin/VantrelPlugin.h"
+#include "plugin/core/VantrelPlugin.h"
 
 void selectForUpdate(VantrelPlugin& plugin, int mode, ComponentVisitData& visitData) {
     plugin.selection = nullptr;

@@ -2,6 +2,7 @@
 
 #include "export/ComponentVisitData.h"
 #include "export/SolidGeometry.h"
+#include "toolkit/HostCallback.h"
 
 namespace {
 
@@ -51,9 +52,7 @@ OwningFeature readOwningFeature(const ProGeomitem& item) {
     return owning;
 }
 
-}  // namespace
-
-ProError filterComponent(ProFeature* feature, ProAppData data) {
+ProError filterComponentBody(ProFeature* feature, ProAppData data) {
     auto* visitData = static_cast<ComponentVisitData*>(data);
     int type = 0;
     ProFeatureTypeGet(feature, &type);
@@ -71,7 +70,7 @@ ProError filterComponent(ProFeature* feature, ProAppData data) {
     return status == PRO_FEAT_ACTIVE && shows == 1 && clear ? PRO_TK_NO_ERROR : PRO_TK_CONTINUE;
 }
 
-ProError filterSurface(ProSurface surface, ProAppData data) {
+ProError filterSurfaceBody(ProSurface surface, ProAppData data) {
     auto* geometry = static_cast<SolidGeometry*>(data);
     ProGeomitem item{};
     ProSurfaceToGeomitem(geometry->solid, surface, &item);
@@ -81,7 +80,7 @@ ProError filterSurface(ProSurface surface, ProAppData data) {
     return PRO_TK_NO_ERROR;
 }
 
-ProError filterQuilt(ProQuilt quilt, ProAppData data) {
+ProError filterQuiltBody(ProQuilt quilt, ProAppData data) {
     auto* geometry = static_cast<SolidGeometry*>(data);
     ProGeomitem item{};
     ProQuiltToGeomitem(geometry->solid, quilt, &item);
@@ -100,4 +99,18 @@ ProError filterQuilt(ProQuilt quilt, ProAppData data) {
         owning.type == PRO_FEAT_TYPE_THREAD)
         return PRO_TK_CONTINUE;
     return PRO_TK_NO_ERROR;
+}
+
+}  // namespace
+
+ProError filterComponent(ProFeature* feature, ProAppData data) {
+    return toolkit::guardVisit([&] { return filterComponentBody(feature, data); }, PRO_TK_CONTINUE);
+}
+
+ProError filterSurface(ProSurface surface, ProAppData data) {
+    return toolkit::guardVisit([&] { return filterSurfaceBody(surface, data); }, PRO_TK_CONTINUE);
+}
+
+ProError filterQuilt(ProQuilt quilt, ProAppData data) {
+    return toolkit::guardVisit([&] { return filterQuiltBody(quilt, data); }, PRO_TK_CONTINUE);
 }

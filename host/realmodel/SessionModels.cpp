@@ -7,7 +7,7 @@
 
 #include "host/realmodel/HostAppearance.h"
 #include "host/realmodel/StandardViews.h"
-#include "importers/sceneapi/Utf8.h"
+#include "platform/Utf8.h"
 
 namespace host::realmodel {
 
@@ -69,9 +69,9 @@ public:
 private:
     Model baseModel(const std::string& name, int type, cad::NodeRef node) const {
         Model model;
-        model.name = nvx::utf8ToWide(bareName(name));
+        model.name = platform::utf8ToWide(bareName(name));
         model.type = type;
-        model.lengthUnit = nvx::utf8ToWide(cad_->unitName);
+        model.lengthUnit = platform::utf8ToWide(cad_->unitName);
         const cad::Outline outline = cad::outlineOf(*cad_, node);
         if (!outline.empty()) model.outline = std::array<Point3, 2>{outline.min, outline.max};
         model.currentView = isometricView();
@@ -124,7 +124,7 @@ private:
             model.facetSets.push_back(std::move(set));
         }
         for (const std::string& layerName : part.layerNames) {
-            addToLayer(model, nvx::utf8ToWide(layerName), layerStatusOf(layerName), solid.id);
+            addToLayer(model, platform::utf8ToWide(layerName), layerStatusOf(layerName), solid.id);
         }
         return &session_.addModel(std::move(model));
     }
@@ -144,7 +144,7 @@ private:
             for (const std::string& layerName : component.layerNames) {
                 const int status = layerStatusOf(layerName);
                 onHiddenLayer = onHiddenLayer || status == PRO_LAYER_BLANK;
-                addToLayer(model, nvx::utf8ToWide(layerName), status, component.id);
+                addToLayer(model, platform::utf8ToWide(layerName), status, component.id);
             }
             if (component.blanked && !onHiddenLayer) addToLayer(model, blankedLayerName, PRO_LAYER_BLANK, component.id);
         }

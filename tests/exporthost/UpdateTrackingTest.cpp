@@ -7,7 +7,8 @@
 
 #include "export/ExportDrivers.h"
 #include "export/Representations.h"
-#include "export/SolidExport.h"
+#include "export/ModelName.h"
+#include "export/RunContext.h"
 #include "export/UpdateTracking.h"
 #include "host/ActiveSession.h"
 #include "host/FunctionTable.h"
@@ -15,7 +16,7 @@
 #include "host/testing/ModelBuilder.h"
 #include "importers/sceneapi/LightFactory.h"
 #include "importers/sceneapi/nvxSceneapi_oo.h"
-#include "plugin/VantrelPlugin.h"
+#include "plugin/core/VantrelPlugin.h"
 #include "scenereader/SceneReader.h"
 #include "toolkit/Startup.h"
 
@@ -84,14 +85,14 @@ protected:
         {
             nvx::LightFileFactory factory(file.string());
             nvx::nvxSceneapi_oo layer(factory);
-            plugin.scene = &layer;
+            RunContext context(plugin, ExportRoad::Update, layer, 1.0f);
             RepresentationItems items;
             ComponentVisitData visitData;
             visitData.representationItems = &items;
             selectForUpdate(plugin, mode, visitData);
             if (mode == PRO_MODE_ASSEMBLY) selectRepresentation(model, visitData);
             layer.begin_group(name);
-            exportModel(plugin, model, mode, visitData, name);
+            exportModel(context, model, mode, visitData, name);
             layer.end_group();
         }
         return groupsWithGeometry(scenereader::readSceneFile(file.string()));

@@ -1,6 +1,6 @@
-#include "plugin/VantrelPlugin.h"
+#include "plugin/core/VantrelPlugin.h"
 
-#include "plugin/SettingsFile.h"
+#include "plugin/core/SettingsFile.h"
 
 namespace {
 
@@ -10,8 +10,6 @@ VantrelPlugin* current = nullptr;
 
 VantrelPlugin::VantrelPlugin() {
     loadSettings(*this);
-    reservedTextA[0] = u'\0';
-    reservedTextB[0] = u'\0';
     previousTessellationQuality = settings.tessellationQuality;
 }
 

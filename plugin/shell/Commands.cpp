@@ -1,8 +1,8 @@
-#include "plugin/Commands.h"
+#include "plugin/shell/Commands.h"
 
-#include "export/ExportDrivers.h"
-#include "plugin/SettingsFile.h"
-#include "plugin/VantrelPlugin.h"
+#include "plugin/core/VantrelPlugin.h"
+#include "plugin/shell/CommandActions.h"
+#include "toolkit/HostCallback.h"
 #include "toolkit/ProToolkit.h"
 
 namespace {
@@ -60,17 +60,6 @@ void showSelectionMode(const VantrelPlugin& plugin) {
     ProCmdIconSet(plugin.automaticSelectionCommand, manual ? "vr_update_unchecked.png" : "vr_update_checked.png");
 }
 
-// A click on a selection command sets the long icon names and saves, then
-// replaces the icons with those of the short names, which stay.
-int selectByCommand(bool manual) {
-    VantrelPlugin& plugin = *VantrelPlugin::instance();
-    setSelectionMode(plugin, manual);
-    saveSettings(plugin);
-    ProCmdIconSet(plugin.manualSelectionCommand, manual ? "checked.png" : "unchecked.png");
-    ProCmdIconSet(plugin.automaticSelectionCommand, manual ? "unchecked.png" : "checked.png");
-    return 0;
-}
-
 }  // namespace
 
 int registerCommands(VantrelPlugin& plugin) {
@@ -88,19 +77,9 @@ int registerCommands(VantrelPlugin& plugin) {
     return status;
 }
 
-int commandAccess(int) { return commandAvailable; }
+int commandAccess(int) { return toolkit::guardEntry("command access", commandAvailable, [] { return commandAvailable; }); }
 
 void setSelectionMode(VantrelPlugin& plugin, bool manual) {
     plugin.settings.selectionMode = manual ? 1 : 0;
     showSelectionMode(plugin);
-}
-
-int manualSelectionAction() { return selectByCommand(true); }
-
-int automaticSelectionAction() { return selectByCommand(false); }
-
-// The settings dialog is not built yet: the command only reaches the context.
-int settingsCommandAction() {
-    VantrelPlugin::instance();
-    return 0;
 }

@@ -1,13 +1,16 @@
-#include "plugin/FinishDialog.h"
+#include "plugin/shell/FinishDialog.h"
 
-#include "plugin/DialogGrid.h"
+#include "plugin/shell/DialogGrid.h"
+#include "toolkit/HostCallback.h"
 #include "toolkit/ProToolkit.h"
 
 namespace {
 
 constexpr const char* dialogName = "ExportFinished";
 
-void closeExportFinished(char*, char*, ProAppData) { ProUIDialogExit(dialogName, 0); }
+void closeExportFinished(char*, char*, ProAppData) {
+    toolkit::guardEntry("ExportOk", [] { ProUIDialogExit(dialogName, 0); });
+}
 
 }  // namespace
 

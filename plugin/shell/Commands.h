@@ -14,7 +14,3 @@ int commandAccess(int accessMode);
 // Sets the selection mode and gives the two selection commands the icons
 // that show it. Saves nothing.
 void setSelectionMode(VantrelPlugin& plugin, bool manual);
-
-int manualSelectionAction();
-int automaticSelectionAction();
-int settingsCommandAction();

@@ -1,4 +1,4 @@
-#include "plugin/SettingsFile.h"
+#include "plugin/core/SettingsFile.h"
 
 #include <tinyxml.h>
 
@@ -7,7 +7,7 @@
 #include <cstring>
 #include <string>
 
-#include "plugin/VantrelPlugin.h"
+#include "plugin/core/VantrelPlugin.h"
 #include "toolkit/btk/TextConversion.h"
 
 namespace {
