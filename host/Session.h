@@ -100,6 +100,8 @@ public:
 
     // What the host handed out: texts, arrays and handles.
     HandedOutTexts<char>& handedOutStrings() { return handedOutStrings_; }
+    HandedOutTexts<char16_t>& handedOutWideStrings() { return handedOutWideStrings_; }
+    HandedOutStringArrays& handedOutStringArrays() { return handedOutStringArrays_; }
     HostArrays& arrays() { return arrays_; }
     const HostArrays& arrays() const { return arrays_; }
     PluginHandles& handles() { return handles_; }
@@ -128,6 +130,8 @@ private:
     bool unicodeEncoding_ = true;
     std::optional<std::string> displayVersion_ = "3.0";
     HandedOutTexts<char> handedOutStrings_;
+    HandedOutTexts<char16_t> handedOutWideStrings_;
+    HandedOutStringArrays handedOutStringArrays_;
     HostArrays arrays_;
     PluginHandles handles_;
     std::vector<TessellationRequest> tessellationRequests_;

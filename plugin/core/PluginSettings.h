@@ -1,5 +1,6 @@
 #pragma once
 // The user's settings, kept between runs of the host in the settings file.
+#include <array>
 #include <cstdint>
 #include <string>
 
@@ -14,3 +15,12 @@ struct PluginSettings {
     bool separateMaterials = true;
     bool useAssemblyMaterials = false;
 };
+
+// The up axes as the settings dialog offers them, by index of upAxis.
+struct UpAxisChoice {
+    const char* name;    // the radio button's name
+    const char16_t* label;
+};
+inline constexpr std::array<UpAxisChoice, 6> upAxisChoices = {{
+    {"xaxis", u"x"}, {"yaxis", u"y"}, {"zaxis", u"z"}, {"nxaxis", u"-x"}, {"nyaxis", u"-y"}, {"nzaxis", u"-z"},
+}};

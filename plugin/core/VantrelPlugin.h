@@ -34,6 +34,13 @@ public:
 
     PluginSettings getSettings() const { return settings; }
 
+    // Every change of the quality goes through here: the value before it is
+    // kept for one step of undo, and the new one is held in single precision.
+    void setTessellationQuality(float quality) {
+        previousTessellationQuality = settings.tessellationQuality;
+        settings.tessellationQuality = quality;
+    }
+
     uiCmdCmdId renderCommand = nullptr;
     uiCmdCmdId exportCommand = nullptr;
     uiCmdCmdId settingsCommand = nullptr;

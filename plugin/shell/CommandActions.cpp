@@ -7,6 +7,7 @@
 #include "plugin/core/VantrelPlugin.h"
 #include "plugin/shell/Commands.h"
 #include "plugin/shell/FinishDialog.h"
+#include "plugin/shell/SettingsDialog.h"
 #include "platform/Files.h"
 #include "toolkit/HostCallback.h"
 
@@ -82,10 +83,9 @@ int updateCommandAction() {
 
 int exportCommandAction() { return toolkit::guardEntry("Vantrel Plugin Export", 0, exportWithDialogs); }
 
-// The settings dialog is not built yet: the command only reaches the context.
 int settingsCommandAction() {
     return toolkit::guardEntry("Vantrel Plugin Settings", 0, [] {
-        VantrelPlugin::instance();
+        showSettingsDialog(*VantrelPlugin::instance());
         return 0;
     });
 }

@@ -66,8 +66,8 @@ TEST_F(Dialogs, AScriptedPressRunsTheButtonsActionAndEndsTheActivation) {
     ASSERT_NE(shown.find("ExportFinishedLabel"), nullptr);
     EXPECT_EQ(shown.find("ExportFinishedLabel")->text, u"Export finished.");
     EXPECT_EQ(shown.find("ExportOk")->text, u"OK");
-    EXPECT_EQ(shown.find("ExportOk")->row, 1);
-    EXPECT_EQ(shown.presses, (std::vector<std::string>{"ExportOk"}));
+    EXPECT_EQ(shown.find("ExportOk")->grid.row, 1);
+    EXPECT_EQ(shown.steps, (std::vector<std::string>{"press ExportOk"}));
     EXPECT_EQ(shown.exitStatus, 7);
 }
 
@@ -77,7 +77,7 @@ TEST_F(Dialogs, PressesGoOnUntilAnActionExits) {
     clicks.exitOnClick = 2;
     EXPECT_EQ(host::ops::ProUIDialogActivate(context, "ExportFinished", nullptr), PRO_TK_NO_ERROR);
     EXPECT_EQ(clicks.buttons.size(), 2u);
-    EXPECT_EQ(session().dialogs().history()[0].presses.size(), 2u);
+    EXPECT_EQ(session().dialogs().history()[0].steps.size(), 2u);
     // With the script's presses spent before an action ends it, the activation fails.
     clicks.buttons.clear();
     clicks.exitOnClick = 3;
@@ -96,7 +96,7 @@ TEST_F(Dialogs, AnUnscriptedDialogOrAPressOfNoButtonIsReportedAndRunsNothing) {
     EXPECT_TRUE(clicks.buttons.empty());
     ASSERT_EQ(log().size(), 2u);
     EXPECT_EQ(log()[0],
-              "the plug-in asked for a button press in a dialog (\"ExportFinished\") but the script has "
+              "the plug-in asked for a step of the user in a dialog (\"ExportFinished\") but the script has "
               "no answer for it");
     EXPECT_EQ(log()[1],
               "ProUIDialogActivate: the script pressed \"Cancel\" in dialog \"ExportFinished\", which has "
@@ -118,8 +118,27 @@ TEST_F(Dialogs, ComponentsAndDialogsMustExist) {
     EXPECT_NE(host::ops::ProUIPushbuttonTextSet(context, "D", "Label", u"x"), PRO_TK_NO_ERROR) << "no push button";
     EXPECT_NE(host::ops::ProUIDialogExit(context, "D", 0), PRO_TK_NO_ERROR) << "not active";
     EXPECT_NE(host::ops::ProUIDialogDestroy(context, "Nowhere"), PRO_TK_NO_ERROR);
-    EXPECT_EQ(log().size(), 6u);
-    EXPECT_EQ(log()[3], "ProUIPushbuttonTextSet: dialog \"D\" has no push button \"Label\"");
+    EXPECT_EQ(log().size(), 5u);
+    // A component that isn't there, or is of another kind, is an answer the
+    // real host gives too: an error status, kept apart from the plug-in's faults.
+    double value = 9.0;
+    int position = 9, count = 9;
+    ProBoolean state = 9;
+    char** names = nullptr;
+    ProWchar* text = nullptr;
+    EXPECT_EQ(host::ops::ProUISpinboxDoubleGet(context, "D", "Label", &value), PRO_TK_E_NOT_FOUND);
+    EXPECT_EQ(host::ops::ProUISliderIntegerGet(context, "D", "none", &position), PRO_TK_E_NOT_FOUND);
+    EXPECT_EQ(host::ops::ProUICheckbuttonGetState(context, "D", "none", &state), PRO_TK_E_NOT_FOUND);
+    EXPECT_EQ(host::ops::ProUIRadiogroupSelectednamesGet(context, "D", "none", &count, &names), PRO_TK_E_NOT_FOUND);
+    EXPECT_EQ(host::ops::ProUIInputpanelWidestringGet(context, "Nowhere", "none", &text), PRO_TK_E_NOT_FOUND);
+    EXPECT_EQ(host::ops::ProUISliderIntegerSet(context, "D", nullptr, 1), PRO_TK_BAD_INPUTS);
+    EXPECT_EQ(std::make_tuple(value, position, count, state, names, text),
+              std::make_tuple(9.0, 9, 9, 9, nullptr, nullptr)) << "outputs untouched";
+    const auto& refusals = session().dialogs().refusals();
+    ASSERT_EQ(refusals.size(), 5u);
+    EXPECT_EQ(refusals[0], "ProUIPushbuttonTextSet: dialog \"D\" has no push button \"Label\"");
+    EXPECT_EQ(refusals[1], "ProUISpinboxDoubleGet: dialog \"D\" has no spinbox \"Label\"");
+    EXPECT_EQ(log().size(), 6u) << "only the unknown dialog is the plug-in's fault";
 }
 
 }  // namespace
