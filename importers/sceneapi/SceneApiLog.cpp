@@ -17,6 +17,12 @@ constexpr long FULL_LOG_SIZE = 20971520;
 FILE* log_stream = nullptr;
 std::optional<std::uint32_t> first_tick;
 
+// The file is closed when the library that holds the log is unloaded, or the
+// process ends.
+struct CloseAtUnload {
+    ~CloseAtUnload() { Output2FILE::Reset(); }
+} close_at_unload;
+
 const char* LEVEL_NAMES[] = {"ERROR", "WARNING", "INFO", "DEBUG", "DEBUG1", "DEBUG2", "DEBUG3", "DEBUG4", "NONE"};
 
 // What follows the last slash or backslash; the first character is not

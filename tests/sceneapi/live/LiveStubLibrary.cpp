@@ -157,11 +157,12 @@ __attribute__((visibility("default"))) void live_stub_answer_null_query() { stat
 
 __attribute__((visibility("default"))) const char* live_stub_calls() { return state.calls.c_str(); }
 
-// What the scene object wrote: while a root lives, its stream so far; after,
-// all that the last root's scene wrote.
-__attribute__((visibility("default"))) const char* live_stub_scene() {
+// What the scene object wrote, binary blocks and all: while a root lives, its
+// stream so far; after, all that the last root's scene wrote.
+__attribute__((visibility("default"))) const char* live_stub_scene(std::size_t* size) {
     if (live_root) state.scene_text = live_root->text();
-    return state.scene_text.c_str();
+    *size = state.scene_text.size();
+    return state.scene_text.data();
 }
 
 __attribute__((visibility("default"))) int live_stub_roots_made() { return state.roots_made; }

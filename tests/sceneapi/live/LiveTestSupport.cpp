@@ -110,7 +110,7 @@ StubControl::StubControl(const fs::path& library) {
     accept_ = find<void (*)(int)>("live_stub_accept_port");
     nullQuery_ = find<void (*)()>("live_stub_answer_null_query");
     calls_ = find<const char* (*)()>("live_stub_calls");
-    scene_ = find<const char* (*)()>("live_stub_scene");
+    scene_ = find<const char* (*)(std::size_t*)>("live_stub_scene");
     made_ = find<int (*)()>("live_stub_roots_made");
     deleted_ = find<int (*)()>("live_stub_roots_deleted");
 }

@@ -76,7 +76,11 @@ public:
     void acceptPort(int port) const { accept_(port); }
     void answerNullQuery() const { nullQuery_(); }
     std::string calls() const { return calls_(); }
-    std::string scene() const { return scene_(); }
+    std::string scene() const {
+        std::size_t size = 0;
+        const char* text = scene_(&size);
+        return std::string(text, size);
+    }
     int rootsMade() const { return made_(); }
     int rootsDeleted() const { return deleted_(); }
 
@@ -91,7 +95,7 @@ private:
     void (*accept_)(int);
     void (*nullQuery_)();
     const char* (*calls_)();
-    const char* (*scene_)();
+    const char* (*scene_)(std::size_t*);
     int (*made_)();
     int (*deleted_)();
 };
