@@ -38,7 +38,8 @@ bool in_range(long version, int min, int max) { return version >= min && version
 }  // namespace
 
 std::u16string active_path() {
-    return RegistryKey::open(Hive::CurrentUser, NORVEX_KEY).readText(u"VantrelActivePath", ACTIVE_PATH_SIZE).value_or(u"");
+    RegistryKey norvex = RegistryKey::open(Hive::CurrentUser, NORVEX_KEY);
+    return norvex.readText(u"VantrelActivePath", ACTIVE_PATH_SIZE).value_or(u"");
 }
 
 std::u16string bin_folder() {

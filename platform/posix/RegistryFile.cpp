@@ -66,9 +66,10 @@ bool parseValue(std::u16string_view line, std::u16string& name, RegistryValue& v
 }
 
 std::u16string_view trimmed(std::u16string_view line) {
-    while (!line.empty() && (line.back() == u'\r' || line.back() == u' ' || line.back() == u'\t')) line.remove_suffix(1);
-    while (!line.empty() && (line.front() == u' ' || line.front() == u'\t')) line.remove_prefix(1);
-    return line;
+    constexpr std::u16string_view BLANKS = u" \t\r";
+    std::size_t first = line.find_first_not_of(BLANKS);
+    if (first == std::u16string_view::npos) return {};
+    return line.substr(first, line.find_last_not_of(BLANKS) - first + 1);
 }
 
 }  // namespace

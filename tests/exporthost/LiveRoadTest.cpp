@@ -21,8 +21,9 @@ constexpr int assemblyMode = 5;
 
 const std::string FILE_HEADER =
     "//---norvex:dal:7---\n//---import:dal:1---\n//---id:1---\n// This is a Vantrel scene file\n\n";
-const std::string FRESH_RENDERER = "<instances><instance><version_major>6</version_major>"
-                                   "<process_id>11</process_id><livelink_port>5001</livelink_port></instance></instances>";
+const std::string FRESH_RENDERER =
+    "<instances><instance><version_major>6</version_major><process_id>11</process_id>"
+    "<livelink_port>5001</livelink_port></instance></instances>";
 
 // The order matters: the scenario's working directory is set inside the
 // test's own, and the plug-in reads its settings from there.

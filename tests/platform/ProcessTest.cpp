@@ -27,9 +27,9 @@ TEST(Process, StartsAnExecutableWithoutArgumentsOrInheritedHandles) {
     // The child reports where its standard streams and the kept descriptor
     // lead (a closed one prints nothing), then its argument count.
     std::string fd = "/proc/$$/fd/";
-    std::ofstream(script) << "#!/bin/sh\nreadlink " << fd << "0 " << fd << "1 " << fd << "2 " << fd << kept << " | cat > '"
-                          << report.string() << ".tmp'\necho \"$#\" >> '" << report.string() << ".tmp'\nmv '"
-                          << report.string() << ".tmp' '" << report.string() << "'\n";
+    std::ofstream(script) << "#!/bin/sh\nreadlink " << fd << "0 " << fd << "1 " << fd << "2 " << fd << kept
+                          << " | cat > '" << report.string() << ".tmp'\necho \"$#\" >> '" << report.string()
+                          << ".tmp'\nmv '" << report.string() << ".tmp' '" << report.string() << "'\n";
     fs::permissions(script, fs::perms::owner_all);
 
     ASSERT_TRUE(platform::startProcess(script.u16string()));

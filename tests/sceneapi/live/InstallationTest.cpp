@@ -28,6 +28,8 @@ struct ExecutableCase {
     std::u16string expected;
 };
 
+void PrintTo(const ExecutableCase& c, std::ostream* out) { *out << c.name; }
+
 class ExecutablePath : public testing::TestWithParam<ExecutableCase> {};
 
 TEST_P(ExecutablePath, FollowsTheInstalledVersion) {
@@ -51,8 +53,9 @@ INSTANTIATE_TEST_SUITE_P(
         ExecutableCase{"MissingCurrentVersionSearches",
                        installedVersion("Vantrel 6") + machineKey("Vantrel 6", "\"BinName\"=\"/opt/v6/vantrel\""), 6,
                        6, u"/opt/v6/vantrel"},
-        ExecutableCase{"MissingBinName", installedVersion("Vantrel 6") + machineKey("Vantrel 6", "\"CurrentVersion\"=\"6\""),
-                       6, 6, u""},
+        ExecutableCase{"MissingBinName",
+                       installedVersion("Vantrel 6") + machineKey("Vantrel 6", "\"CurrentVersion\"=\"6\""), 6, 6,
+                       u""},
         ExecutableCase{"MissingVantrelVersion", VANTREL_6, 6, 6, u""},
         ExecutableCase{"NoRegistry", "", 6, 6, u""}),
     [](const auto& info) { return std::string(info.param.name); });
@@ -62,6 +65,8 @@ struct PortsCase {
     std::string machine, user;
     int answer, first, last;
 };
+
+void PrintTo(const PortsCase& c, std::ostream* out) { *out << c.name; }
 
 class LiveLinkPorts : public testing::TestWithParam<PortsCase> {};
 
@@ -88,14 +93,14 @@ INSTANTIATE_TEST_SUITE_P(
                   5999, 6001},
         PortsCase{"Texts", installedVersion("Vantrel 6"),
                   userKey("Vantrel 6", "\"LiveLinkPort\"=\"5999\"\n\"LiveLinkMaxPort\"=\"6001\""), 0, 5999, 6001},
-        PortsCase{"NumberWithoutMax", installedVersion("Vantrel 6"), userKey("Vantrel 6", "\"LiveLinkPort\"=dword:0000176f"),
+        PortsCase{"NumberWithoutMax", installedVersion("Vantrel 6"),
+                  userKey("Vantrel 6", "\"LiveLinkPort\"=dword:0000176f"), -1, 5999, -7},
+        PortsCase{"TextWithoutMax", installedVersion("Vantrel 6"), userKey("Vantrel 6", "\"LiveLinkPort\"=\"5999\""),
                   -1, 5999, -7},
-        PortsCase{"TextWithoutMax", installedVersion("Vantrel 6"), userKey("Vantrel 6", "\"LiveLinkPort\"=\"5999\""), -1,
-                  5999, -7},
-        PortsCase{"NoFirstPort", installedVersion("Vantrel 6"), userKey("Vantrel 6", "\"LiveLinkMaxPort\"=\"6001\""), -2,
-                  -7, -7},
-        PortsCase{"NoUserKey", installedVersion("Vantrel 6"), userKey("Vantrel 5", "\"LiveLinkPort\"=\"5999\""), -3, -7,
-                  -7},
+        PortsCase{"NoFirstPort", installedVersion("Vantrel 6"),
+                  userKey("Vantrel 6", "\"LiveLinkMaxPort\"=\"6001\""), -2, -7, -7},
+        PortsCase{"NoUserKey", installedVersion("Vantrel 6"), userKey("Vantrel 5", "\"LiveLinkPort\"=\"5999\""),
+                  -3, -7, -7},
         PortsCase{"NoVantrelVersionReadsVantrel4", "",
                   userKey("Vantrel 6", "\"LiveLinkPort\"=\"1\"\n\"LiveLinkMaxPort\"=\"2\"") +
                       userKey("Vantrel 4", "\"LiveLinkPort\"=\"4000\"\n\"LiveLinkMaxPort\"=\"4010\""),

@@ -83,6 +83,8 @@ struct PickCase {
     std::string error;
 };
 
+void PrintTo(const PickCase& c, std::ostream* out) { *out << c.name; }
+
 class PickAndConnect : public LiveConnection, public testing::WithParamInterface<PickCase> {};
 
 TEST_P(PickAndConnect, CallsTheLibraryAsExpected) {

@@ -25,6 +25,8 @@ struct Placement {
     int loaded;  // 0 to 3 in the order above
 };
 
+void PrintTo(const Placement& c, std::ostream* out) { *out << c.name; }
+
 class CandidateOrder : public testing::TestWithParam<Placement> {};
 
 TEST_P(CandidateOrder, TheFirstCandidateThatExistsIsLoaded) {

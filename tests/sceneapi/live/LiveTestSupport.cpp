@@ -76,6 +76,7 @@ LiveEnvironment::~LiveEnvironment() {
     }
     std::error_code ignored;
     fs::remove_all(root, ignored);
+    fs::remove(root.parent_path(), ignored);  // the process's folder, once empty
 }
 
 void LiveEnvironment::writeUserRegistry(const std::string& body) const {

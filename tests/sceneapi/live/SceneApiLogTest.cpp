@@ -53,6 +53,8 @@ struct FolderCase {
     const char* expected;  // below the test's root; "tmp" is $TMPDIR
 };
 
+void PrintTo(const FolderCase& c, std::ostream* out) { *out << c.name; }
+
 class SceneApiLogFolder : public testing::TestWithParam<FolderCase> {};
 
 TEST_P(SceneApiLogFolder, ResourceFolderOfTheUserThenTheMachineThenTemporary) {
