@@ -1,2 +1,4 @@
 // A stand-in library that loads but lacks the initialisation export.
-extern "C" __attribute__((visibility("default"))) int vantrel_live_version() { return 6; }
+#include "platform/SymbolExport.h"
+
+extern "C" VANTREL_EXPORT int vantrel_live_version() { return 6; }

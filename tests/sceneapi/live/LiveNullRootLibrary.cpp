@@ -1,4 +1,6 @@
 // A stand-in library whose initialisation answers no root object.
+#include "platform/SymbolExport.h"
+
 class nvxLiveRoot;
 
-extern "C" __attribute__((visibility("default"))) nvxLiveRoot* vantrel_live_initialize() { return nullptr; }
+extern "C" VANTREL_EXPORT nvxLiveRoot* vantrel_live_initialize() { return nullptr; }

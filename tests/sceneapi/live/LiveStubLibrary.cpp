@@ -10,6 +10,7 @@
 
 #include "importers/sceneapi/nvxLiveApi.h"
 #include "importers/sceneapi/nvxScene_api_file.h"
+#include "platform/SymbolExport.h"
 
 namespace {
 
@@ -123,12 +124,12 @@ private:
 
 extern "C" {
 
-__attribute__((visibility("default"))) nvxLiveRoot* vantrel_live_initialize() {
+VANTREL_EXPORT nvxLiveRoot* vantrel_live_initialize() {
     live_root = new StubRoot;
     return live_root;
 }
 
-__attribute__((visibility("default"))) void live_stub_reset() {
+VANTREL_EXPORT void live_stub_reset() {
     std::size_t made = state.roots_made, deleted = state.roots_deleted;
     state = StubState();
     state.roots_made = static_cast<int>(made);
@@ -137,7 +138,7 @@ __attribute__((visibility("default"))) void live_stub_reset() {
 
 // The n-th call of list_instances answers the n-th text, a null entry null;
 // the last one repeats.
-__attribute__((visibility("default"))) void live_stub_script_instances(const char* const* texts, int count) {
+VANTREL_EXPORT void live_stub_script_instances(const char* const* texts, int count) {
     state.instance_texts.clear();
     state.instance_null.clear();
     for (int i = 0; i < count; ++i) {
@@ -147,26 +148,26 @@ __attribute__((visibility("default"))) void live_stub_script_instances(const cha
 }
 
 // A renderer that attach may take; a null scene text makes scene_text answer null.
-__attribute__((visibility("default"))) void live_stub_set_process(int process_id, int attachable, const char* scene) {
+VANTREL_EXPORT void live_stub_set_process(int process_id, int attachable, const char* scene) {
     state.processes[process_id] = Process{attachable != 0, scene != nullptr, scene ? scene : ""};
 }
 
-__attribute__((visibility("default"))) void live_stub_accept_port(int port) { state.accepted_ports.push_back(port); }
+VANTREL_EXPORT void live_stub_accept_port(int port) { state.accepted_ports.push_back(port); }
 
-__attribute__((visibility("default"))) void live_stub_answer_null_query() { state.null_query = true; }
+VANTREL_EXPORT void live_stub_answer_null_query() { state.null_query = true; }
 
-__attribute__((visibility("default"))) const char* live_stub_calls() { return state.calls.c_str(); }
+VANTREL_EXPORT const char* live_stub_calls() { return state.calls.c_str(); }
 
 // What the scene object wrote, binary blocks and all: while a root lives, its
 // stream so far; after, all that the last root's scene wrote.
-__attribute__((visibility("default"))) const char* live_stub_scene(std::size_t* size) {
+VANTREL_EXPORT const char* live_stub_scene(std::size_t* size) {
     if (live_root) state.scene_text = live_root->text();
     *size = state.scene_text.size();
     return state.scene_text.data();
 }
 
-__attribute__((visibility("default"))) int live_stub_roots_made() { return state.roots_made; }
+VANTREL_EXPORT int live_stub_roots_made() { return state.roots_made; }
 
-__attribute__((visibility("default"))) int live_stub_roots_deleted() { return state.roots_deleted; }
+VANTREL_EXPORT int live_stub_roots_deleted() { return state.roots_deleted; }
 
 }
