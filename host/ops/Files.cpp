@@ -22,14 +22,12 @@ ProError answerFileDialog(Session& session, FileDialogRequest request, ProWchar*
 }  // namespace
 
 // The shortcut lists are not shown by the headless host.
-ProError ops::ProFileSave(int context, const ProWchar* title, const ProWchar* filter, ProLine*, ProLine*,
+ProError ops::ProFileSave(Session& session, const ProWchar* title, const ProWchar* filter, ProLine*, ProLine*,
                           const ProWchar* defaultDirectory, const ProWchar* defaultName, ProPath chosenPath) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
     if (!chosenPath) return PRO_TK_BAD_INPUTS;
     FileDialogRequest request{"ProFileSave", std::u16string(textOf(title)), std::u16string(textOf(filter)),
                               std::u16string(textOf(defaultDirectory)), std::u16string(textOf(defaultName))};
-    return answerFileDialog(*session, std::move(request), chosenPath);
+    return answerFileDialog(session, std::move(request), chosenPath);
 }
 
 }  // namespace host
