@@ -69,18 +69,17 @@ ProError ops::ProSurfacetessellationinputUvprojectionSet(Session& session, ProSu
 
 // The surface is meshed at the input's chord height. A surface that refuses
 // answers a failure; one that has no tessellation answers success with a
-// null handle. An input without a chord height, or a surface without
-// geometry, is a fault of the plug-in or the test model, logged as such.
+// null handle. An input without a chord height (none set, or only refused
+// ones) answers bad inputs, as the CAD host does: the plug-in's retry ladder
+// goes on from there. A surface without geometry is a fault of the test
+// model, logged as such.
 ProError ops::ProSurfaceTessellationGet(Session& session, ProSurface surface, ProSurfaceTessellationInput handle,
                                         ProTessellation* tessellation) {
     constexpr const char* operation = "ProSurfaceTessellationGet";
     const TessellationInput* input = inputOf(session, operation, handle);
     if (!input || !surface || !tessellation) return PRO_TK_BAD_INPUTS;
     const Surface& source = *objectOf<Surface>(surface);
-    if (!input->chordHeight) {
-        session.errors().add(std::string(operation) + ": the tessellation input has no chord height");
-        return PRO_TK_BAD_INPUTS;
-    }
+    if (!input->chordHeight) return PRO_TK_BAD_INPUTS;
     if (!source.geometry) {
         session.errors().add(std::string(operation) + ": surface " + std::to_string(source.id) + " has no geometry");
         return PRO_TK_GENERAL_ERROR;

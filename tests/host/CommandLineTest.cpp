@@ -99,6 +99,33 @@ TEST_F(CommandLine, ErrorsAreNamedWithANonZeroExit) {
     EXPECT_TRUE(help.out.starts_with("usage: vantrel-host [--plugin PATH] [--workdir DIR] commands\n")) << help.out;
 }
 
+// The subcommands and options come from one table each: the usage lists
+// them all, and an option is read in both spellings.
+TEST_F(CommandLine, UsageVersionAndOptionSpellingsFollowTheTables) {
+    ProgramRun bare = run("");
+    EXPECT_EQ(bare.exitCode, 0);
+    EXPECT_EQ(bare.out, run("--help").out);
+    for (const char* listed : {"\n       vantrel-host [options] export MODEL -o OUT.vnz\n",
+                               "\n       vantrel-host sample OUT.step\n", "\n  press     runs the command's",
+                               "\n  --up AXIS ", "\n  --version "}) {
+        EXPECT_NE(bare.out.find(listed), std::string::npos) << listed;
+    }
+    ProgramRun version = run("--version");
+    EXPECT_EQ(version.exitCode, 0);
+    EXPECT_TRUE(version.out.starts_with("vantrel-host ")) << version.out;
+
+    ProgramRun joined = run("--plugin='" + folder.plugin().string() + "' commands");
+    EXPECT_EQ(joined.exitCode, 0) << joined.err;
+    EXPECT_EQ(joined.out, run(withPlugin("commands")).out);
+
+    ProgramRun foreign = run(withPlugin("commands --quality 0.5"));
+    EXPECT_EQ(foreign.exitCode, 2);
+    EXPECT_NE(foreign.err.find("commands takes no option --quality"), std::string::npos) << foreign.err;
+    ProgramRun flagValue = run("--no-nurbs=1 export m.step -o o.vnz");
+    EXPECT_EQ(flagValue.exitCode, 2);
+    EXPECT_NE(flagValue.err.find("--no-nurbs takes no value"), std::string::npos) << flagValue.err;
+}
+
 class CommandLineWithoutTerminate : public CommandLine {
 protected:
     CommandLineWithoutTerminate() : CommandLine(VANTREL_TEST_PLUGIN_NO_TERMINATE) {}

@@ -1,4 +1,5 @@
 #include <cmath>
+#include <limits>
 #include <numbers>
 
 #include "host/geometry/ParametricSurface.h"
@@ -117,20 +118,43 @@ TEST_F(Tessellations, AMissingArrayAnswersAFailureAndNull) {
     host::shims::ProTessellationFree(context, tessellation);
 }
 
+// Bad chord heights are answers the CAD host gives, not faults of the
+// plug-in: a status, and no session error.
+TEST_F(Tessellations, BadChordHeightsAreRefusedWithAStatusAndNoSessionError) {
+    ProTessellation tessellation = nullptr;
+    auto tessellateWithInput = [&] {
+        return host::shims::ProSurfaceTessellationGet(context, handle(model.surfaces[0]), input, &tessellation);
+    };
+    const double bad[] = {-1.0, -1e-300, std::nan(""), std::numeric_limits<double>::infinity(),
+                          -std::numeric_limits<double>::infinity()};
+    for (double chordHeight : bad) {
+        EXPECT_EQ(host::shims::ProSurfacetessellationinputChordheightSet(context, input, chordHeight),
+                  PRO_TK_BAD_INPUTS)
+            << chordHeight;
+    }
+    EXPECT_EQ(tessellateWithInput(), PRO_TK_BAD_INPUTS) << "no chord height was taken";
+    EXPECT_EQ(tessellation, nullptr);
+    ASSERT_EQ(host::shims::ProSurfacetessellationinputChordheightSet(context, input, 0.5), PRO_TK_NO_ERROR);
+    EXPECT_EQ(host::shims::ProSurfacetessellationinputChordheightSet(context, input, -0.5), PRO_TK_BAD_INPUTS);
+    ASSERT_EQ(tessellateWithInput(), PRO_TK_NO_ERROR) << "the input keeps the last good chord height";
+    ASSERT_EQ(session().tessellationRequests().size(), 1u);
+    EXPECT_EQ(session().tessellationRequests()[0].chordHeight, 0.5);
+    host::shims::ProTessellationFree(context, tessellation);
+    EXPECT_TRUE(log().empty()) << log().front();
+}
+
 TEST_F(Tessellations, InputsAreCheckedAndFreedOnce) {
     ProTessellation tessellation = nullptr;
-    // No chord height set yet.
-    EXPECT_EQ(host::shims::ProSurfaceTessellationGet(context, handle(model.surfaces[0]), input, &tessellation),
-              PRO_TK_BAD_INPUTS);
-    EXPECT_EQ(host::shims::ProSurfacetessellationinputChordheightSet(context, input, -1.0), PRO_TK_BAD_INPUTS);
     EXPECT_EQ(host::shims::ProSurfacetessellationinputUvprojectionSet(context, input, 0, nullptr), PRO_TK_NO_ERROR);
     EXPECT_EQ(session().handles().tessellationInputs.outstanding(), 1u);
     EXPECT_EQ(host::shims::ProSurfacetessellationinputFree(context, input), PRO_TK_NO_ERROR);
     EXPECT_EQ(host::shims::ProSurfacetessellationinputFree(context, input), PRO_TK_BAD_INPUTS);
     EXPECT_EQ(tessellate(0, 0.1, tessellation), PRO_TK_BAD_INPUTS) << "a freed input";
     EXPECT_TRUE(session().tessellationRequests().empty());
-    ASSERT_FALSE(log().empty());
-    EXPECT_EQ(log()[0], "ProSurfaceTessellationGet: the tessellation input has no chord height");
+    // The freed input's second free, chord height and tessellation.
+    ASSERT_EQ(log().size(), 3u);
+    EXPECT_EQ(log()[0], "ProSurfacetessellationinputFree: the handle is no tessellation input that is out");
+    EXPECT_EQ(log()[2], "ProSurfaceTessellationGet: the handle is no tessellation input that is out");
 }
 
 TEST(ParametricSurface, CylinderSegmentsStayWithinTheChordHeightAndFollowIt) {

@@ -30,8 +30,11 @@ std::string contentsOf(const std::filesystem::path& path) {
 
 ProgramRun run(const ScratchFolder& folder, const std::string& arguments) {
     const std::filesystem::path errors = folder.path() / "stderr.txt";
-    const std::string command = std::string("'") + VANTREL_HOST_PROGRAM + "' --plugin '" + VANTREL_PLUGIN_FILE + "' " +
-                                arguments + " 2>'" + errors.string() + "'";
+    // The sample needs no plug-in, and takes no option for one.
+    const std::string plugin =
+        arguments.starts_with("sample") ? "" : std::string("--plugin '") + VANTREL_PLUGIN_FILE + "' ";
+    const std::string command = std::string("'") + VANTREL_HOST_PROGRAM + "' " + plugin + arguments + " 2>'" +
+                                errors.string() + "'";
     ProgramRun result;
     FILE* pipe = popen(command.c_str(), "r");
     if (!pipe) return result;
@@ -51,7 +54,7 @@ TEST(ExportCommandLine, SampleExportsWithTheSettingsGiven) {
     EXPECT_TRUE(std::filesystem::exists(folder.path() / "sample-mesh.stl"));
 
     const ProgramRun exported = run(folder, "export '" + model + "' -o '" + folder.file("sample.vnz") +
-                                                "' --quality 0.5 --up z --no-nurbs --assembly-materials --workdir '" +
+                                                "' --quality=0.5 --up Z --no-nurbs --assembly-materials --workdir '" +
                                                 folder.path().string() + "'");
     ASSERT_EQ(exported.exitCode, 0) << exported.err;
     EXPECT_NE(exported.out.find("exported " + model + " to " + folder.file("sample.vnz")), std::string::npos)
@@ -94,6 +97,10 @@ TEST(ExportCommandLine, BadInputIsNamedWithANonZeroExit_bad_) {
     const ProgramRun badQuality = run(folder, "export m.step -o o.vnz --quality 1.5");
     EXPECT_EQ(badQuality.exitCode, 2);
     EXPECT_NE(badQuality.err.find("--quality needs a number from 0 to 1, not \"1.5\""), std::string::npos);
+
+    const ProgramRun emptyOutput = run(folder, "export m.step -o ''");
+    EXPECT_EQ(emptyOutput.exitCode, 2);
+    EXPECT_NE(emptyOutput.err.find("-o needs a path"), std::string::npos) << emptyOutput.err;
 
     const ProgramRun badAxis = run(folder, "export m.step -o o.vnz --up w");
     EXPECT_EQ(badAxis.exitCode, 2);

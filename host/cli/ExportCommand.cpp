@@ -1,0 +1,36 @@
+// vantrel-host export MODEL -o OUT.vnz: the main job.
+#include <cstdio>
+#include <iostream>
+
+#include "host/cli/KernelSetup.h"
+#include "host/cli/Subcommands.h"
+#include "host/realmodel/ExportJob.h"
+#include "host/realmodel/ProgressLine.h"
+#include "platform/Terminal.h"
+
+namespace host::cli {
+
+int runExport(const Invocation& invocation) {
+    if (!invocation.output) throw UsageError{"export needs -o OUT.vnz"};
+    realmodel::ExportRequest request;
+    request.model = operandOf(invocation);
+    request.output = *invocation.output;
+    request.plugin = pluginOf(invocation);
+    request.workdir = invocation.workdir.value_or(std::filesystem::path());
+    request.settings = invocation.settings;
+    prepareKernel();
+    realmodel::ProgressLine progress(stderr);
+    if (platform::standardErrorIsTerminal()) {
+        request.progress = [&progress](std::size_t done, std::size_t total) { progress.show(done, total); };
+    }
+    const realmodel::ExportReport report = realmodel::runExport(request);
+    std::cout << "exported " << request.model.string() << " to " << report.output.string() << "\n"
+              << describeReport(report) << "\n";
+    if (!report.sceneProblems.empty()) {
+        for (const std::string& problem : report.sceneProblems) std::cerr << "vantrel-host: scene: " << problem << "\n";
+        return 1;
+    }
+    return 0;
+}
+
+}  // namespace host::cli
