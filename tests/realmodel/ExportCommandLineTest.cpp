@@ -2,9 +2,13 @@
 // summary, the settings file handed to the plug-in, and the messages of bad
 // input.
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <spawn.h>
 #include <sys/wait.h>
 
+#include <chrono>
 #include <cstdio>
+#include <thread>
 #include <fstream>
 #include <sstream>
 
@@ -105,6 +109,77 @@ TEST(ExportCommandLine, BadInputIsNamedWithANonZeroExit_bad_) {
     const ProgramRun badAxis = run(folder, "export m.step -o o.vnz --up w");
     EXPECT_EQ(badAxis.exitCode, 2);
     EXPECT_NE(badAxis.err.find("--up needs x, y, z, -x, -y or -z"), std::string::npos);
+}
+
+// Temporary scene files of a run beside `folder`'s files.
+int temporaryFiles(const std::filesystem::path& folder) {
+    int count = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        if (entry.path().filename().string().find(".part-") != std::string::npos) ++count;
+    }
+    return count;
+}
+
+// Issue points 2, 7 and 3: the output is never the model, is checked before
+// the model is read, and replaces an earlier file only with a sound scene.
+TEST(ExportCommandLine, TheOutputIsCheckedFirstAndReplacedOnlyBySoundScenes) {
+    ScratchFolder folder;
+    const std::string model = folder.file("sample.step");
+    ASSERT_EQ(run(folder, "sample '" + model + "'").exitCode, 0);
+    const std::string modelBytes = contentsOf(model);
+    std::filesystem::create_symlink(model, folder.path() / "alias.vnz");
+    for (const std::string& same : {folder.path().string() + "/./sample.step", folder.file("alias.vnz")}) {
+        const ProgramRun refused = run(folder, "export '" + model + "' -o '" + same + "'");
+        EXPECT_EQ(refused.exitCode, 1) << same;
+        EXPECT_NE(refused.err.find("would overwrite the model file"), std::string::npos) << refused.err;
+    }
+    EXPECT_EQ(contentsOf(model), modelBytes);
+
+    const ProgramRun unwritable = run(folder, "export '" + folder.file("missing.step") + "' -o /no/such/dir/x.vnz");
+    EXPECT_EQ(unwritable.exitCode, 1);
+    EXPECT_EQ(unwritable.err, "vantrel-host: error: can't write the scene \"/no/such/dir/x.vnz\": No such file or "
+                              "directory\n");
+
+    const std::string scene = folder.file("scene.vnz");
+    std::ofstream(scene) << "earlier\n";
+    const ProgramRun failed = run(folder, "export '" + model + "' -o '" + scene + "' --plugin /no/such/plugin.so");
+    EXPECT_EQ(failed.exitCode, 1);
+    EXPECT_EQ(contentsOf(scene), "earlier\n");
+    EXPECT_EQ(temporaryFiles(folder.path()), 0);
+
+    const ProgramRun done = run(folder, "export '" + model + "' -o '" + scene + "' --workdir '" + folder.path().string() + "'");
+    ASSERT_EQ(done.exitCode, 0) << done.err;
+    EXPECT_NE(contentsOf(scene), "earlier\n");
+    EXPECT_EQ(temporaryFiles(folder.path()), 0);
+    // The plug-in's next default is the file asked for, not the temporary one.
+    EXPECT_NE(contentsOf(folder.path() / "vantrel_plugin_settings.xml").find("<exportPath>" + scene + "</exportPath>"),
+              std::string::npos);
+}
+
+TEST(ExportCommandLine, AnInterruptLeavesTheEarlierSceneAndNoTemporaryFile) {
+    ScratchFolder folder;
+    const std::string model = folder.file("sample.step");
+    ASSERT_EQ(run(folder, "sample '" + model + "'").exitCode, 0);
+    const std::string scene = folder.file("scene.vnz");
+    std::ofstream(scene) << "earlier\n";
+    const std::string command = std::string("exec '") + VANTREL_HOST_PROGRAM + "' --plugin '" + VANTREL_PLUGIN_FILE +
+                                "' export '" + model + "' -o '" + scene + "' --quality 1.0 --workdir '" +
+                                folder.path().string() + "' >/dev/null 2>&1";
+    const char* arguments[] = {"sh", "-c", command.c_str(), nullptr};
+    pid_t child = 0;
+    ASSERT_EQ(posix_spawn(&child, "/bin/sh", nullptr, nullptr, const_cast<char**>(arguments), environ), 0);
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+    while (temporaryFiles(folder.path()) == 0 && std::chrono::steady_clock::now() < deadline) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    const bool seen = temporaryFiles(folder.path()) > 0;
+    kill(child, SIGINT);
+    int status = 0;
+    waitpid(child, &status, 0);
+    ASSERT_TRUE(seen) << "the run made no temporary file";
+    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGINT) << "the run ended before the interrupt";
+    EXPECT_EQ(contentsOf(scene), "earlier\n");
+    EXPECT_EQ(temporaryFiles(folder.path()), 0);
 }
 
 }  // namespace
