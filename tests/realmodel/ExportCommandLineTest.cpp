@@ -111,6 +111,27 @@ TEST(ExportCommandLine, BadInputIsNamedWithANonZeroExit_bad_) {
     EXPECT_NE(badAxis.err.find("--up needs x, y, z, -x, -y or -z"), std::string::npos);
 }
 
+// Issue point 5: standard output holds only the summary; what the kernel
+// says goes to standard error, plain, and only with a file it can't read.
+TEST(ExportCommandLine, KernelMessagesGoToStandardErrorOnlyWhenAReadFails) {
+    ScratchFolder folder;
+    std::ofstream(folder.path() / "garbage.step") << "ISO-10303-21;\nHEADER;\nTHIS IS NOT STEP\n";
+    const ProgramRun failed = run(folder, "export '" + folder.file("garbage.step") + "' -o '" + folder.file("o.vnz") + "'");
+    EXPECT_EQ(failed.exitCode, 1);
+    EXPECT_EQ(failed.out, "");
+    EXPECT_NE(failed.err.find("cannot read STEP file"), std::string::npos) << failed.err;
+    EXPECT_NE(failed.err.find("\n  kernel: "), std::string::npos) << failed.err;
+    EXPECT_EQ(failed.err.find('\x1b'), std::string::npos) << failed.err;
+
+    const std::string model = folder.file("sample.step");
+    ASSERT_EQ(run(folder, "sample '" + model + "'").exitCode, 0);
+    const ProgramRun done = run(folder, "export '" + model + "' -o '" + folder.file("s.vnz") + "'");
+    ASSERT_EQ(done.exitCode, 0) << done.err;
+    EXPECT_TRUE(done.out.starts_with("exported ")) << done.out;
+    EXPECT_EQ(std::count(done.out.begin(), done.out.end(), '\n'), 2) << done.out;
+    EXPECT_EQ(done.err, "");
+}
+
 // Temporary scene files of a run beside `folder`'s files.
 int temporaryFiles(const std::filesystem::path& folder) {
     int count = 0;
