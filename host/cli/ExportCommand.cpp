@@ -16,7 +16,7 @@ int runExport(const Invocation& invocation) {
     request.model = operandOf(invocation);
     request.output = *invocation.output;
     request.plugin = pluginOf(invocation);
-    request.workdir = invocation.workdir.value_or(std::filesystem::path());
+    request.workdir = workdirOf(invocation);
     request.settings = invocation.settings;
     prepareKernel();
     realmodel::ProgressLine progress(stderr);

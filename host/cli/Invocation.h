@@ -26,6 +26,11 @@ struct UsageError {
 // The plug-in to load: the one given, else the plug-in beside this program.
 std::filesystem::path pluginOf(const Invocation& invocation);
 
+// The plug-in's working directory, where it keeps its settings file: the one
+// given, else a per-user one ($XDG_CONFIG_HOME/vantrel-host, else
+// ~/.config/vantrel-host). Created when missing; throws HostError if it can't be.
+std::filesystem::path workdirOf(const Invocation& invocation);
+
 // The only operand, which the command line parser has made sure is there.
 inline const std::string& operandOf(const Invocation& invocation) { return invocation.operands.front(); }
 

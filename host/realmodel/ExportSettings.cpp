@@ -51,6 +51,14 @@ void writeSettingsFile(const std::filesystem::path& folder, const ExportSettings
     }
 }
 
+bool settingsFileIsSound(const std::filesystem::path& folder) {
+    const std::filesystem::path file = folder / pluginSettingsFileName;
+    std::error_code error;
+    if (!std::filesystem::exists(file, error)) return true;
+    TiXmlDocument document;
+    return document.LoadFile(file.string().c_str()) && document.RootElement();
+}
+
 void replaceExportPath(const std::filesystem::path& folder, const std::filesystem::path& from,
                        const std::filesystem::path& to) {
     const std::string file = (folder / pluginSettingsFileName).string();

@@ -37,8 +37,9 @@ ProgramRun run(const ScratchFolder& folder, const std::string& arguments) {
     // The sample needs no plug-in, and takes no option for one.
     const std::string plugin =
         arguments.starts_with("sample") ? "" : std::string("--plugin '") + VANTREL_PLUGIN_FILE + "' ";
-    const std::string command = std::string("'") + VANTREL_HOST_PROGRAM + "' " + plugin + arguments + " 2>'" +
-                                errors.string() + "'";
+    // The per-user working directory is the folder's own.
+    const std::string command = "XDG_CONFIG_HOME='" + folder.path().string() + "/config' '" + VANTREL_HOST_PROGRAM +
+                                "' " + plugin + arguments + " 2>'" + errors.string() + "'";
     ProgramRun result;
     FILE* pipe = popen(command.c_str(), "r");
     if (!pipe) return result;
