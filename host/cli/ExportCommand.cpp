@@ -1,6 +1,7 @@
 // vantrel-host export MODEL -o OUT.vnz: the main job.
 #include <cstdio>
 #include <iostream>
+#include <optional>
 
 #include "host/cli/KernelSetup.h"
 #include "host/cli/Subcommands.h"
@@ -20,7 +21,10 @@ int runExport(const Invocation& invocation) {
     request.settings = invocation.settings;
     prepareKernel();
     realmodel::ProgressLine progress(stderr);
+    std::optional<realmodel::ReadingLine> reading;
     if (platform::standardErrorIsTerminal()) {
+        reading.emplace(stderr, request.model.filename().string());
+        request.modelRead = [&reading] { reading->done(); };
         request.progress = [&progress](std::size_t done, std::size_t total) { progress.show(done, total); };
     }
     const realmodel::ExportReport report = realmodel::runExport(request);

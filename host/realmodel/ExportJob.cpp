@@ -131,6 +131,7 @@ ExportReport runExport(const ExportRequest& request) {
     auto model = std::make_shared<const cad::CadModel>(
         cad::loadCadModel(std::filesystem::absolute(request.model).string()));
     const auto loading = Clock::now() - start;
+    if (request.modelRead) request.modelRead();
     ExportReport report = exportThrough(request, model, output);
     report.times.loading = loading;
     return report;

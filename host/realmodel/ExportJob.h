@@ -27,6 +27,8 @@ struct ExportRequest {
     ExportSettings settings;
     // Told after each surface is meshed: surfaces done and in all.
     std::function<void(std::size_t done, std::size_t total)> progress;
+    // Told when the model file has been read, before the plug-in runs.
+    std::function<void()> modelRead;
 };
 
 struct ExportTimes {

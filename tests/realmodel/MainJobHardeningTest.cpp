@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <string>
+#include <thread>
 
 #include "../hostcad/CadTestSupport.h"
 #include "ExportedScene.h"
@@ -57,6 +58,24 @@ TEST(MainJobHardening, TheProgressLineEndsOnceEvenWithRetriesPastTheTotal) {
     EXPECT_TRUE(text.ends_with("\rmeshing surfaces: 200 of 200\n")) << text;
     // Every third request shows (200 / 100 + 1), and the total once.
     EXPECT_EQ(std::count(text.begin(), text.end(), '\r'), 200 / 3 + 1) << text;
+}
+
+TEST(MainJobHardening, TheReadingLineCountsSecondsUntilTheModelIsRead) {
+    char buffer[4096] = {};
+    std::FILE* out = fmemopen(buffer, sizeof buffer - 1, "w");
+    ASSERT_NE(out, nullptr);
+    {
+        ReadingLine line(out, "big.step");
+        std::this_thread::sleep_for(std::chrono::milliseconds(1200));
+        line.done();
+        line.done();
+    }
+    std::fclose(out);
+    const std::string text = buffer;
+    EXPECT_TRUE(text.starts_with("\rreading big.step\u2026 0 s")) << text;
+    EXPECT_NE(text.find("\rreading big.step\u2026 1 s"), std::string::npos) << text;
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 1) << text;
+    EXPECT_TRUE(text.ends_with(" s\n")) << text;
 }
 
 }  // namespace
