@@ -59,14 +59,17 @@ TemporaryOutput::TemporaryOutput(std::filesystem::path target) : target_(std::mo
     for (int attempt = 0; attempt < 8 && temporary_.empty(); ++attempt) {
         std::filesystem::path candidate = temporaryBeside(target_);
         if (std::filesystem::exists(candidate, error)) continue;
+        // Watched before it exists, so that no interrupt leaves it behind.
+        watchSignals(candidate);
         std::ofstream created(candidate, std::ios::binary);
         if (!created) {
-            throw ExportError("can't write the scene \"" + target_.string() + "\": " + std::strerror(errno));
+            const int reason = errno;
+            stopWatchingSignals();
+            throw ExportError("can't write the scene \"" + target_.string() + "\": " + std::strerror(reason));
         }
         temporary_ = std::move(candidate);
     }
     if (temporary_.empty()) throw ExportError("can't write the scene \"" + target_.string() + "\"");
-    watchSignals(temporary_);
 }
 
 TemporaryOutput::~TemporaryOutput() {
