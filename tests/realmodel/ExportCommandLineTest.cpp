@@ -66,6 +66,8 @@ TEST(ExportCommandLine, SampleExportsWithTheSettingsGiven) {
         << exported.out;
     EXPECT_NE(exported.out.find(" groups, "), std::string::npos) << exported.out;
     EXPECT_NE(exported.out.find(" cameras"), std::string::npos) << exported.out;
+    EXPECT_NE(exported.out.find(" materials ("), std::string::npos) << exported.out;
+    EXPECT_EQ(exported.out.find("meshes only"), std::string::npos) << exported.out;
     // Not a terminal: no progress line.
     EXPECT_EQ(exported.err.find("meshing surfaces"), std::string::npos) << exported.err;
 
@@ -79,6 +81,11 @@ TEST(ExportCommandLine, SampleExportsWithTheSettingsGiven) {
         << settings;
     const std::string scene = contentsOf(folder.path() / "sample.vnz");
     EXPECT_NE(scene.find("\"import_up_vector\" 2,"), std::string::npos);
+
+    const ProgramRun mesh = run(folder, "export '" + folder.file("sample-mesh.stl") + "' -o '" + folder.file("m.vnz") + "'");
+    ASSERT_EQ(mesh.exitCode, 0) << mesh.err;
+    EXPECT_NE(mesh.out.find("\nthe model holds meshes only: --quality has no effect on it\n"), std::string::npos)
+        << mesh.out;
 }
 
 TEST(ExportCommandLine, BadInputIsNamedWithANonZeroExit_bad_) {

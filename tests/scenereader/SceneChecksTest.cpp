@@ -75,18 +75,19 @@ TEST(SceneSummary, CountsBlocksAndTriangles) {
     std::string scene = SceneBytes()
         .text("group \"asm\" {\n\ncamera \"v\" {\nfov 60\n}\ngroup \"part\" {\n")
         .text(triangleObject("a", {0, 1, 2, 2, 1, 0}, threeNormals).str())
-        .text("object \"b\" {\ngeometry \"nurbs\" {\n}\nmaterial \"m\" {\n}\n}\n")
+        .text("object \"b\" {\ngeometry \"nurbs\" {\n}\nmaterial \"m\" {\n}\nmaterial \"n\" {\n}\nmaterial \"m\" {\n}\n}\n")
         .text(triangleObject("c", {0, 1, 2}, threeNormals).str()).text("}\n}\n").str();
     scenereader::SceneSummary summary = scenereader::summarize(scenereader::parseScene(scene));
     EXPECT_EQ(summary.groups, 2u);
     EXPECT_EQ(summary.objects, 3u);
     EXPECT_EQ(summary.triangleMeshes, 2u);
     EXPECT_EQ(summary.triangles, 3u);
-    EXPECT_EQ(summary.materials, 1u);
+    EXPECT_EQ(summary.materials, 3u);
+    EXPECT_EQ(summary.distinctMaterials, 2u);
     EXPECT_EQ(summary.cameras, 1u);
     EXPECT_EQ(summary.nurbsObjects, 1u);
     EXPECT_EQ(scenereader::describeSummary(summary), "2 groups, 3 objects, 2 triangle meshes with 3 triangles, "
-                                                     "1 material, 1 camera, 1 NURBS object");
+                                                     "3 materials (2 distinct), 1 camera, 1 NURBS object");
 }
 
 class SceneCheckTool : public testing::Test {
