@@ -205,6 +205,27 @@ void countBlocks(const Block& block, SceneSummary& summary, std::set<std::string
     }
 }
 
+void addTree(const Block& block, size_t depth, std::string& text) {
+    for (const auto& item : block.items) {
+        const auto* inner = std::get_if<Block>(&item);
+        if (!inner) continue;
+        std::string line;
+        if (isGeometry(*inner, "triangles")) {
+            const size_t triangles = triangleCount(*inner);
+            line = "mesh: " + std::to_string(triangles) + (triangles == 1 ? " triangle" : " triangles");
+        } else if (isGeometry(*inner, "nurbs")) {
+            line = "NURBS";
+        } else if (inner->kind == "group" || inner->kind == "object" || inner->kind == "material" ||
+                   inner->kind == "camera") {
+            line = inner->kind + " \"" + inner->name() + "\"";
+        } else {
+            continue;
+        }
+        text += std::string(2 * depth, ' ') + line + "\n";
+        if (inner->kind == "group" || inner->kind == "object") addTree(*inner, depth + 1, text);
+    }
+}
+
 std::string counted(size_t count, const char* one, const char* many) {
     return std::to_string(count) + " " + (count == 1 ? one : many);
 }
@@ -224,6 +245,12 @@ SceneSummary summarize(const Document& document) {
     countBlocks(document.root, summary, materialNames);
     summary.distinctMaterials = materialNames.size();
     return summary;
+}
+
+std::string describeTree(const Document& document) {
+    std::string text;
+    addTree(document.root, 0, text);
+    return text;
 }
 
 std::string describeSummary(const SceneSummary& summary) {

@@ -33,4 +33,9 @@ SceneSummary summarize(const Document& document);
 // distinct), ...".
 std::string describeSummary(const SceneSummary& summary);
 
+// The tree of groups, objects, meshes, materials and cameras, a line each,
+// indented two spaces a level: 'group "asm"', 'object "a"', "mesh: 12
+// triangles", "NURBS", 'material "m"', 'camera "v"'.
+std::string describeTree(const Document& document);
+
 }  // namespace scenereader

@@ -124,4 +124,26 @@ TEST_F(SceneCheckTool, PrintsSummaryAndFailsOnParseErrorsAndFailedChecks) {
     EXPECT_EQ(run({}), 2);
 }
 
+TEST_F(SceneCheckTool, ListsTheTreeAndItsUsageWhenAsked) {
+    std::string scene = write("tree.vnz", SceneBytes()
+        .text("group \"asm\" {\ncamera \"v\" {\nfov 60\n}\ngroup \"part\" {\n")
+        .text(triangleObject("a", {0, 1, 2, 2, 1, 0}, threeNormals).str())
+        .text("object \"b\" {\ngeometry \"nurbs\" {\n}\nmaterial \"m\" {\n}\n}\n}\n}\n").str());
+    EXPECT_EQ(run({"--tree", scene}), 0) << err_.str();
+    const std::string listing = out_.str();
+    EXPECT_EQ(listing.substr(listing.find('\n') + 1),
+              "group \"asm\"\n"
+              "  camera \"v\"\n"
+              "  group \"part\"\n"
+              "    object \"a\"\n"
+              "      mesh: 2 triangles\n"
+              "    object \"b\"\n"
+              "      NURBS\n"
+              "      material \"m\"\n");
+    out_.str("");
+    EXPECT_EQ(run({"--help"}), 0);
+    EXPECT_TRUE(out_.str().starts_with("usage: vantrel-scene-check [--tree] FILE...\n")) << out_.str();
+    EXPECT_EQ(run({"--bogus", scene}), 2);
+}
+
 }  // namespace
