@@ -94,7 +94,6 @@ struct Representation {
     std::u16string name;
     int defaultAction = 2;
     std::vector<ProSimprepitem> items;
-    bool dataFails = false;           // ProSimprepdataGet fails for it
 };
 
 struct Model {
@@ -103,9 +102,7 @@ struct Model {
     std::u16string lengthUnit = u"mm";
     // The outline's two corners; none: computed from the surfaces and facets.
     std::optional<std::array<Point3, 2>> outline;
-    bool outlineFails = false;
     int version = 1;                  // raised by every modification
-    bool verstampFails = false;       // ProMdlVerstampGet fails for it
     Matrix currentView = identityMatrix();
     std::vector<View> savedViews;
     std::optional<AppearanceProps> appearance;  // the model's own appearance

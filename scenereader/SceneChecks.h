@@ -21,14 +21,21 @@ struct SceneSummary {
     size_t objects = 0;
     size_t triangleMeshes = 0;  // "triangles" geometries
     size_t triangles = 0;       // triangles in all of them
-    size_t materials = 0;
+    size_t materials = 0;       // material blocks
+    size_t distinctMaterials = 0;  // material blocks of different names
     size_t cameras = 0;
     size_t nurbsObjects = 0;    // "nurbs" geometries
 };
 
 SceneSummary summarize(const Document& document);
 
-// "2 groups, 3 objects, 3 triangle meshes with 120 triangles, ...".
+// "2 groups, 3 objects, 3 triangle meshes with 120 triangles, 4 materials (3
+// distinct), ...".
 std::string describeSummary(const SceneSummary& summary);
+
+// The tree of groups, objects, meshes, materials and cameras, a line each,
+// indented two spaces a level: 'group "asm"', 'object "a"', "mesh: 12
+// triangles", "NURBS", 'material "m"', 'camera "v"'.
+std::string describeTree(const Document& document);
 
 }  // namespace scenereader

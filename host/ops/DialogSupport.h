@@ -7,25 +7,21 @@
 namespace host::ops {
 
 // Runs `change` on the component; an unknown dialog or component, or one of
-// another kind, answers an error status (logged), never a crash.
+// another kind, answers an error status (kept among the refusals), never a crash.
 template <typename Change>
-ProError onComponent(int context, const char* operation, const char* dialog, const char* name, ComponentKind kind,
+ProError onComponent(Session& session, const char* operation, const char* dialog, const char* name, ComponentKind kind,
                      Change change) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
     if (!dialog || !name) return PRO_TK_BAD_INPUTS;
-    DialogComponent* component = session->dialogs().component(operation, dialog, name, kind);
+    DialogComponent* component = session.dialogs().component(operation, dialog, name, kind);
     if (!component) return PRO_TK_E_NOT_FOUND;
-    return change(*component, *session);
+    return change(*component, session);
 }
 
 // Adds a component to a dialog or to one of its layouts.
-inline ProError addComponent(int context, const char* operation, const char* dialog, const char* layout,
+inline ProError addComponent(Session& session, const char* operation, const char* dialog, const char* layout,
                              const char* name, ComponentKind kind, const ProUIGridopts* grid) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
     if (!dialog || !name || (layout == nullptr && kind == ComponentKind::InputPanel)) return PRO_TK_BAD_INPUTS;
-    return session->dialogs().add(operation, dialog, layout ? layout : "", name, kind, grid);
+    return session.dialogs().add(operation, dialog, layout ? layout : "", name, kind, grid);
 }
 
 }  // namespace host::ops

@@ -20,26 +20,24 @@ ProError answerFileDialog(Session& session, FileDialogRequest request, ProWchar*
 }
 
 // Both file dialogs: the shortcut lists are not shown by the headless host.
-ProError fileDialog(int context, const char* operation, const ProWchar* title, const ProWchar* filter,
+ProError fileDialog(Session& session, const char* operation, const ProWchar* title, const ProWchar* filter,
                     const ProWchar* defaultDirectory, const ProWchar* defaultName, ProWchar* chosenPath) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
     if (!chosenPath) return PRO_TK_BAD_INPUTS;
     FileDialogRequest request{operation, std::u16string(ops::textOf(title)), std::u16string(ops::textOf(filter)),
                               std::u16string(ops::textOf(defaultDirectory)), std::u16string(ops::textOf(defaultName))};
-    return answerFileDialog(*session, std::move(request), chosenPath);
+    return answerFileDialog(session, std::move(request), chosenPath);
 }
 
 }  // namespace
 
-ProError ops::ProFileSave(int context, const ProWchar* title, const ProWchar* filter, ProLine*, ProLine*,
+ProError ops::ProFileSave(Session& session, const ProWchar* title, const ProWchar* filter, ProLine*, ProLine*,
                           const ProWchar* defaultDirectory, const ProWchar* defaultName, ProPath chosenPath) {
-    return fileDialog(context, "ProFileSave", title, filter, defaultDirectory, defaultName, chosenPath);
+    return fileDialog(session, "ProFileSave", title, filter, defaultDirectory, defaultName, chosenPath);
 }
 
-ProError ops::ProFileOpen(int context, const ProWchar* title, const ProWchar* filter, ProLine*, ProLine*,
+ProError ops::ProFileOpen(Session& session, const ProWchar* title, const ProWchar* filter, ProLine*, ProLine*,
                           const ProWchar* defaultDirectory, const ProWchar* defaultName, ProPath chosenPath) {
-    return fileDialog(context, "ProFileOpen", title, filter, defaultDirectory, defaultName, chosenPath);
+    return fileDialog(session, "ProFileOpen", title, filter, defaultDirectory, defaultName, chosenPath);
 }
 
 }  // namespace host

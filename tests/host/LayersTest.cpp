@@ -20,30 +20,30 @@ protected:
 
     ProLayerItem item(int type, int id) {
         ProLayerItem made{};
-        EXPECT_EQ(host::ops::ProLayerItemInit(context, type, id, handle(model), &made), PRO_TK_NO_ERROR);
+        EXPECT_EQ(host::shims::ProLayerItemInit(context, type, id, handle(model), &made), PRO_TK_NO_ERROR);
         return made;
     }
 
     int statusOf(ProLayerItem made, ProLayer* layer = nullptr) {
         int status = -9;
-        EXPECT_EQ(host::ops::ProLayeritemStatusGet(context, &made, layer, &status), PRO_TK_NO_ERROR);
+        EXPECT_EQ(host::shims::ProLayeritemStatusGet(context, &made, layer, &status), PRO_TK_NO_ERROR);
         return status;
     }
 
     // The ids and display statuses of the layers that hold the item.
     std::vector<std::pair<int, int>> layersOf(ProLayerItem made) {
         ProLayer* layers = nullptr;
-        EXPECT_EQ(host::ops::ProLayeritemLayersGet(context, nullptr, &made, &layers), PRO_TK_NO_ERROR);
+        EXPECT_EQ(host::shims::ProLayeritemLayersGet(context, nullptr, &made, &layers), PRO_TK_NO_ERROR);
         int count = -1;
-        host::ops::ProArraySizeGet(context, layers, &count);
+        host::shims::ProArraySizeGet(context, layers, &count);
         std::vector<std::pair<int, int>> found;
         for (int index = 0; index < count; ++index) {
             int status = 0;
             EXPECT_EQ(layers[index].type, PRO_ITEM_LAYER);
-            host::ops::ProLayerDisplaystatusGet(context, &layers[index], &status);
+            host::shims::ProLayerDisplaystatusGet(context, &layers[index], &status);
             found.emplace_back(layers[index].id, status);
         }
-        host::ops::ProArrayFree(context, reinterpret_cast<ProArray*>(&layers));
+        host::shims::ProArrayFree(context, reinterpret_cast<ProArray*>(&layers));
         return found;
     }
 
@@ -71,7 +71,7 @@ TEST_F(Layers, TheLayersOfAnItemComeAsAHostArrayEmptyForNone) {
     EXPECT_EQ(session().arrays().outstanding(), 0u);
     ProLayer absent{PRO_ITEM_LAYER, 9, handle(model)};
     int status = 0;
-    EXPECT_EQ(host::ops::ProLayerDisplaystatusGet(context, &absent, &status), PRO_TK_E_NOT_FOUND);
+    EXPECT_EQ(host::shims::ProLayerDisplaystatusGet(context, &absent, &status), PRO_TK_E_NOT_FOUND);
 }
 
 TEST_F(Layers, HiddenInactiveAndBackupFlagsAreReadOfTheirItems) {
@@ -80,18 +80,18 @@ TEST_F(Layers, HiddenInactiveAndBackupFlagsAreReadOfTheirItems) {
     quilt.backup = true;
     ProBoolean flag = PRO_B_FALSE;
     ProModelitem feature{PRO_ITEM_FEATURE, 10, handle(model)};
-    ASSERT_EQ(host::ops::ProModelitemIsHidden(context, &feature, &flag), PRO_TK_NO_ERROR);
+    ASSERT_EQ(host::shims::ProModelitemIsHidden(context, &feature, &flag), PRO_TK_NO_ERROR);
     EXPECT_EQ(flag, PRO_B_TRUE);
     ProModelitem quiltItem{PRO_ITEM_QUILT, quilt.id, handle(model)};
-    ASSERT_EQ(host::ops::ProModelitemIsHidden(context, &quiltItem, &flag), PRO_TK_NO_ERROR);
+    ASSERT_EQ(host::shims::ProModelitemIsHidden(context, &quiltItem, &flag), PRO_TK_NO_ERROR);
     EXPECT_EQ(flag, PRO_B_FALSE);
-    ASSERT_EQ(host::ops::ProGeomitemIsInactive(context, &quiltItem, &flag), PRO_TK_NO_ERROR);
+    ASSERT_EQ(host::shims::ProGeomitemIsInactive(context, &quiltItem, &flag), PRO_TK_NO_ERROR);
     EXPECT_EQ(flag, PRO_B_TRUE);
     ProModelitem surface{PRO_ITEM_SURFACE, quilt.surfaces[0].id, handle(model)};
-    ASSERT_EQ(host::ops::ProGeomitemIsInactive(context, &surface, &flag), PRO_TK_NO_ERROR);
+    ASSERT_EQ(host::shims::ProGeomitemIsInactive(context, &surface, &flag), PRO_TK_NO_ERROR);
     EXPECT_EQ(flag, PRO_B_FALSE);
-    EXPECT_EQ(host::ops::ProGeomitemIsInactive(context, &feature, &flag), PRO_TK_BAD_INPUTS);
-    ASSERT_EQ(host::ops::ProQuiltIsBackupgeometry(context, handle(quilt), &flag), PRO_TK_NO_ERROR);
+    EXPECT_EQ(host::shims::ProGeomitemIsInactive(context, &feature, &flag), PRO_TK_BAD_INPUTS);
+    ASSERT_EQ(host::shims::ProQuiltIsBackupgeometry(context, handle(quilt), &flag), PRO_TK_NO_ERROR);
     EXPECT_EQ(flag, PRO_B_TRUE);
 }
 

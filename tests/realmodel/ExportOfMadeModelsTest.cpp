@@ -148,6 +148,44 @@ TEST(ExportOfMadeModels, FaceColoursGiveAMaterialEachAndAPartColourOne) {
     for (const std::string& key : keys) EXPECT_EQ(key.rfind("two_tone:", 0), 0u) << key;
 }
 
+// Issue point 10: the colours of a STEP file reach the material keys as the
+// file writes them, not as the kernel keeps them (linear RGB, which would
+// give 255:81:0 and 154:255:8 here).
+TEST(ExportOfMadeModels, StepColoursReachTheMaterialsAsTheFileWritesThem) {
+    const TopoDS_Shape box = BRepPrimAPI_MakeBox(2.0, 2.0, 2.0).Shape();
+    ScratchFolder folder;
+    cad::XdeDocumentBuilder builder;
+    const TDF_Label part = builder.addPart("LAMP", box);
+    builder.setColour(part, 0.1, 0.2, 0.3);
+    builder.setFaceColour(part, TopExp_Explorer(box, TopAbs_FACE).Current(), 0.3, 0.2, 0.1);
+    const std::string path = folder.file("lamp.step");
+    builder.writeStep(path, "mm");
+    // The colours as plain numbers in the file's text.
+    std::ifstream written(path);
+    std::string text((std::istreambuf_iterator<char>(written)), std::istreambuf_iterator<char>());
+    const char* plain[] = {"1.,0.6,0.", "0.8,1.,0.2"};
+    size_t at = 0;
+    for (const char* values : plain) {
+        at = text.find("COLOUR_RGB(", at);
+        ASSERT_NE(at, std::string::npos);
+        const size_t open = text.find(',', at) + 1;
+        const size_t close = text.find(')', open);
+        text.replace(open, close - open, values);
+        at = close;
+    }
+    writeText(path, text);
+    const ExportedScene scene = exportFile(path, folder.path());
+    std::vector<std::string> colours;
+    for (const scenereader::Block* material : scene.document.root.descendants("material")) {
+        const std::string& key = material->name();
+        size_t third = key.size();
+        for (int colon = 0; colon < 3; ++colon) third = key.rfind(':', third - 1);
+        colours.push_back(key.substr(third + 1));
+    }
+    std::sort(colours.begin(), colours.end());
+    EXPECT_EQ(colours, (std::vector<std::string>{"204:255:51", "255:153:0"}));
+}
+
 TEST(ExportOfMadeModels, TextureOfAFaceIsFoundOnTheSearchPath) {
     ScratchFolder folder;
     const std::filesystem::path image = folder.path() / "textures" / "wood.png";
