@@ -1,7 +1,22 @@
 #include "animation/AnimationEmission.h"
 
-void emitAnimation(VantrelPlugin&, const ProAsmcomppath&, const ProAsmcomppath&, const std::string&) {
-    // A node moves only if the host's animation file gave frames for its path.
-    // This build reads no animation file, so the frame table stays empty and
-    // no node carries an animation block.
+#include "animation/AnimationBlock.h"
+#include "importers/sceneapi/nvxSceneapi_oo.h"
+#include "plugin/VantrelPlugin.h"
+
+void emitAnimation(nvxScene_api& scene, const AnimationFrameTable& frames, std::int32_t frameCount,
+                   std::int32_t frameRate, const ProAsmcomppath& fullPath, const ProAsmcomppath& localPath,
+                   const std::string& name) {
+    auto entry = frames.find(fullPath);
+    if (entry == frames.end()) return;
+    ProMatrix placement = {};
+    ProAsmcomppath path = localPath;
+    ProAsmcomppathTrfGet(&path, PRO_B_TRUE, placement);
+    writeAnimationBlock(scene, entry->second, frameCount, frameRate, placement, name);
+}
+
+void emitAnimation(VantrelPlugin& plugin, const ProAsmcomppath& fullPath, const ProAsmcomppath& localPath,
+                   const std::string& name) {
+    emitAnimation(*plugin.scene->scene(), plugin.animationFrames, plugin.animationFrameCount,
+                  plugin.animationFrameRate, fullPath, localPath, name);
 }

@@ -4,6 +4,8 @@
 #include <optional>
 #include <sstream>
 
+#include "scenereader/SceneAnimations.h"
+
 namespace scenereader {
 
 namespace {
@@ -193,6 +195,7 @@ void countBlocks(const Block& block, SceneSummary& summary) {
         summary.materials += inner->kind == "material";
         summary.cameras += inner->kind == "camera";
         summary.nurbsObjects += isGeometry(*inner, "nurbs");
+        summary.animations += inner->kind == "animation";
         if (isGeometry(*inner, "triangles")) {
             ++summary.triangleMeshes;
             summary.triangles += triangleCount(*inner);
@@ -210,6 +213,8 @@ std::string counted(size_t count, const char* one, const char* many) {
 std::vector<std::string> checkScene(const Document& document) {
     std::vector<std::string> problems;
     checkGeometries(document.root, "", problems);
+    std::vector<std::string> animationProblems = checkAnimations(document);
+    problems.insert(problems.end(), animationProblems.begin(), animationProblems.end());
     findNonFiniteNumbers(document.root, problems);
     return problems;
 }
@@ -226,7 +231,8 @@ std::string describeSummary(const SceneSummary& summary) {
            counted(summary.triangles, "triangle", "triangles") + ", " +
            counted(summary.materials, "material", "materials") + ", " +
            counted(summary.cameras, "camera", "cameras") + ", " +
-           counted(summary.nurbsObjects, "NURBS object", "NURBS objects");
+           counted(summary.nurbsObjects, "NURBS object", "NURBS objects") +
+           (summary.animations ? ", " + counted(summary.animations, "animation", "animations") : "");
 }
 
 }  // namespace scenereader
