@@ -1,21 +1,41 @@
 #include "animation/FraScanner.h"
 
+#include <algorithm>
+#include <array>
 #include <cstdlib>
 
 namespace fra {
 
 namespace {
 
-bool isWhiteSpace(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\v' || c == '\f' || c == '\r'; }
+// Character classes by byte, looked up rather than compared: the reader
+// tests every byte of the file.
+enum : unsigned char { whiteSpace = 1, decimalDigit = 2, hexadecimalDigit = 4, nameCharacter = 8 };
 
-bool isDigit(char c, bool hexadecimal) {
-    if (c >= '0' && c <= '9') return true;
-    return hexadecimal && ((c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F'));
+constexpr std::array<unsigned char, 256> characterClasses = [] {
+    std::array<unsigned char, 256> classes{};
+    for (unsigned char c : {' ', '\t', '\n', '\v', '\f', '\r'}) classes[c] = whiteSpace;
+    for (int c = '0'; c <= '9'; ++c) classes[static_cast<std::size_t>(c)] = decimalDigit | hexadecimalDigit | nameCharacter;
+    for (int c = 'a'; c <= 'z'; ++c) {
+        auto mark = static_cast<unsigned char>(nameCharacter | (c <= 'f' ? hexadecimalDigit : 0));
+        classes[static_cast<std::size_t>(c)] = mark;
+        classes[static_cast<std::size_t>(c - 'a' + 'A')] = mark;
+    }
+    classes['_'] = nameCharacter;
+    return classes;
+}();
+
+bool isIn(char c, unsigned char characterClass) {
+    return (characterClasses[static_cast<unsigned char>(c)] & characterClass) != 0;
 }
 
-char lowerCase(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+bool isWhiteSpace(char c) { return isIn(c, whiteSpace); }
 
-bool isNameCharacter(char c) { return isDigit(c, false) || (lowerCase(c) >= 'a' && lowerCase(c) <= 'z') || c == '_'; }
+bool isDigit(char c, bool hexadecimal) { return isIn(c, hexadecimal ? hexadecimalDigit : decimalDigit); }
+
+bool isNameCharacter(char c) { return isIn(c, nameCharacter); }
+
+char lowerCase(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 }  // namespace
 
@@ -48,8 +68,9 @@ std::size_t FraScanner::takeDigits(bool hexadecimal) {
 bool FraScanner::scanWord(char (&token)[tokenCapacity]) {
     skipWhiteSpace();
     if (atEnd()) return false;
+    const std::size_t end = std::min(bytes_.size(), position_ + (tokenCapacity - 1));
     std::size_t length = 0;
-    while (!atEnd() && !isWhiteSpace(peek()) && length < tokenCapacity - 1) token[length++] = bytes_[position_++];
+    for (; position_ < end && !isWhiteSpace(bytes_[position_]); ++position_) token[length++] = bytes_[position_];
     token[length] = '\0';
     return true;
 }
