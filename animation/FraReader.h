@@ -11,8 +11,10 @@
 
 #include "animation/AnimationFrames.h"
 
-// Reads the bytes of a motion file into `frames` and `frameCount`. There is
-// no error: whatever the bytes, the table keeps or gains entries.
+// Reads the bytes of a motion file into `frames` and `frameCount`, appending
+// to the sequences already there. There is no error and no message: whatever
+// the bytes, the read ends. Bytes without "parts:" and then "frames:" leave
+// both as they were.
 void readFraFile(std::string_view bytes, AnimationFrameTable& frames, std::int32_t& frameCount);
 
 // Reads the motion file at a wide path. Answers false, changing nothing, if
