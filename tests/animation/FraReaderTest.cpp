@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <cctype>
+#include <unistd.h>
+
 #include <filesystem>
 #include <fstream>
 #include <initializer_list>
@@ -189,7 +191,7 @@ TEST(FraReader, ASecondReadAppendsToTheSequences) {
 
 TEST(FraReader, ReadsAFileByWidePathAndPassesOverOneThatIsMissing) {
     namespace fs = std::filesystem;
-    fs::path file = fs::temp_directory_path() / "vantrel_fra_reader_test.fra";
+    fs::path file = fs::temp_directory_path() / ("vantrel_fra_reader_" + std::to_string(::getpid()) + ".fra");
     std::ofstream(file) << header << "MaFrame 1\n" << record({41, 7}, "1") << record({41, 7}, "2");
     AnimationFrameTable frames;
     std::int32_t frameCount = 0;
