@@ -29,7 +29,7 @@ bool checkFile(const std::string& file, std::ostream& out, std::ostream& err) {
 int runSceneCheck(const std::vector<std::string>& files, std::ostream& out, std::ostream& err) {
     if (files.empty()) {
         err << "usage: vantrel-scene-check FILE...\n"
-               "Reads each \".vnz\" scene file, checks its meshes and prints a summary.\n";
+               "Reads each \".vnz\" scene file, checks its meshes and animations and prints a summary.\n";
         return 2;
     }
     bool allPassed = true;
