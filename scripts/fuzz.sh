@@ -2,7 +2,7 @@
 # Builds the fuzz targets with clang and libFuzzer (in build-fuzz/) and runs
 # the reader of motion files on its seed corpus.
 #   scripts/fuzz.sh            the short run of continuous integration: one
-#                              million inputs of at most 512 bytes, each
+#                              million inputs of at most 256 bytes, each
 #                              allowed 5 seconds
 #   scripts/fuzz.sh SECONDS    a longer run of that many seconds
 # New inputs that reach new code go to build-fuzz/corpus/fra, not to the
@@ -17,7 +17,7 @@ cmake --build "$build_dir" -j "$(nproc)"
 if [ $# -gt 0 ]; then
   limit=(-max_total_time="$1" -max_len=4096)
 else
-  limit=(-runs=1000000 -max_len=512)
+  limit=(-runs=1000000 -max_len=256)
 fi
 corpus="$build_dir/corpus/fra"
 mkdir -p "$corpus"
