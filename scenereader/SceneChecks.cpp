@@ -5,6 +5,8 @@
 #include <set>
 #include <sstream>
 
+#include "scenereader/SceneAnimations.h"
+
 namespace scenereader {
 
 namespace {
@@ -197,6 +199,7 @@ void countBlocks(const Block& block, SceneSummary& summary, std::set<std::string
         }
         summary.cameras += inner->kind == "camera";
         summary.nurbsObjects += isGeometry(*inner, "nurbs");
+        summary.animations += inner->kind == "animation";
         if (isGeometry(*inner, "triangles")) {
             ++summary.triangleMeshes;
             summary.triangles += triangleCount(*inner);
@@ -235,6 +238,8 @@ std::string counted(size_t count, const char* one, const char* many) {
 std::vector<std::string> checkScene(const Document& document) {
     std::vector<std::string> problems;
     checkGeometries(document.root, "", problems);
+    std::vector<std::string> animationProblems = checkAnimations(document);
+    problems.insert(problems.end(), animationProblems.begin(), animationProblems.end());
     findNonFiniteNumbers(document.root, problems);
     return problems;
 }
@@ -261,7 +266,8 @@ std::string describeSummary(const SceneSummary& summary) {
            (summary.materials > 0 ? " (" + std::to_string(summary.distinctMaterials) + " distinct)" : std::string()) +
            ", " +
            counted(summary.cameras, "camera", "cameras") + ", " +
-           counted(summary.nurbsObjects, "NURBS object", "NURBS objects");
+           counted(summary.nurbsObjects, "NURBS object", "NURBS objects") +
+           (summary.animations ? ", " + counted(summary.animations, "animation", "animations") : "");
 }
 
 }  // namespace scenereader

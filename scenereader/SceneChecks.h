@@ -12,8 +12,9 @@ namespace scenereader {
 // "triangles" geometry: "vertices" present as float triples; "triangles" an
 // integer array of whole triples whose indices lie in [0, vertex count);
 // "normals", if present, one per vertex; "uv_tex", if present, two floats per
-// vertex; no value that is not a finite number in those arrays. Anywhere: no
-// number written as "nan" or "inf".
+// vertex; no value that is not a finite number in those arrays. For every
+// animation block, the checks of SceneAnimations.h. Anywhere: no number
+// written as "nan" or "inf".
 std::vector<std::string> checkScene(const Document& document);
 
 struct SceneSummary {
@@ -25,12 +26,13 @@ struct SceneSummary {
     size_t distinctMaterials = 0;  // material blocks of different names
     size_t cameras = 0;
     size_t nurbsObjects = 0;    // "nurbs" geometries
+    size_t animations = 0;      // animation blocks
 };
 
 SceneSummary summarize(const Document& document);
 
 // "2 groups, 3 objects, 3 triangle meshes with 120 triangles, 4 materials (3
-// distinct), ...".
+// distinct), ...", and the animation blocks at the end if there are any.
 std::string describeSummary(const SceneSummary& summary);
 
 // The tree of groups, objects, meshes, materials and cameras, a line each,

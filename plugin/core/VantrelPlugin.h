@@ -8,16 +8,13 @@
 #include <map>
 #include <vector>
 
+#include "plugin/core/AnimationFrames.h"
 #include "plugin/core/PluginSettings.h"
 #include "toolkit/ProAsmcomppathOrder.h"
 #include "toolkit/ProToolkit.h"
 
-// A host matrix that can be kept in a container: 4 rows of 4 doubles.
-using FrameMatrix = std::array<std::array<double, 4>, 4>;
 // The version of each component's model as last sent, by full path.
 using VersionStamps = std::map<ProAsmcomppath, ProMdlVerstamp, ProAsmcomppathLess>;
-// The matrices of each moving component, frame by frame.
-using AnimationFrames = std::map<ProAsmcomppath, std::vector<FrameMatrix>, ProAsmcomppathLess>;
 
 class VantrelPlugin {
 public:
@@ -50,7 +47,7 @@ public:
     VersionStamps versionStamps;
     double previousTessellationQuality = 0.2;
     // Only Render empties them: an Export or Update takes them up again.
-    AnimationFrames animationFrames;
+    AnimationFrameTable animationFrames;
     std::int32_t animationFrameCount = 0;
     std::int32_t animationFrameRate = 25;
     // The state of an Update outlives its run: an Update whose choice of
