@@ -155,7 +155,8 @@ TEST(XRtti, AttributeMapIsMadeByTheFirstAttribute) {
 }
 
 TEST(XRtti, AGetterFindingAnotherKindRaises) {
-    xrttiRegister(new xrttiobject("test::Kind", true, {}));
+    static xrttiobject otherKind("test::Kind", true, {});
+    xrttiRegister(&otherKind);
     xrttienum* slot = nullptr;
     EXPECT_EQ(raisedType([&] { xrttiDescribeEnum(slot, "test::Kind", {"A"}); }), "ciplib::XTypeMismatch");
 }

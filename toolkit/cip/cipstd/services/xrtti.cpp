@@ -7,22 +7,28 @@
 
 namespace {
 
-std::unordered_map<std::string, xrtti*>& dictionary() {
-    static auto* descriptions = [] {
-        auto* map = new std::unordered_map<std::string, xrtti*>();
-        map->reserve(16);
-        return map;
-    }();
-    return *descriptions;
+// The dictionary, and the descriptions that the getters made. Both go with
+// the code that holds them, so that unloading the plug-in library leaves
+// nothing behind.
+struct Descriptions {
+    Descriptions() { byName.reserve(16); }
+    std::unordered_map<std::string, xrtti*> byName;
+    std::vector<std::unique_ptr<xrtti>> kept;
+};
+
+Descriptions& descriptions() {
+    static Descriptions all;
+    return all;
 }
 
-// Descriptions are themselves objects; they live for the whole process and
-// are never counted.
+std::unordered_map<std::string, xrtti*>& dictionary() { return descriptions().byName; }
+
+// Descriptions are themselves objects; they are never counted.
 xrttiobject* kindDescription(const char* kind) {
-    static std::map<std::string, xrttiobject*> kinds;
+    static std::map<std::string, std::unique_ptr<xrttiobject>> kinds;
     auto& slot = kinds[kind];
-    if (!slot) slot = new xrttiobject(kind, false, {});
-    return slot;
+    if (!slot) slot = std::make_unique<xrttiobject>(kind, false, std::vector<xrttiobject*>{});
+    return slot.get();
 }
 
 }  // namespace
@@ -64,8 +70,8 @@ const char* xrtti::KindName() const { return "xrtti"; }
 const char* xrttibasic::KindName() const { return "xrttibasic"; }
 
 xrttibasic* xrttibasic::any() {
-    static xrttibasic* shared = new xrttibasic("any");
-    return shared;
+    static xrttibasic shared("any");
+    return &shared;
 }
 
 xrttienum::xrttienum(const char* name, std::vector<const char*> list) : xrtti(name), values(std::move(list)) {}
@@ -97,6 +103,8 @@ xrtti* xrttiFind(const char* name) {
     return found == dictionary().end() ? nullptr : found->second;
 }
 
+void xrttiKeep(xrtti* description) { descriptions().kept.emplace_back(description); }
+
 void xrttiRegister(xrtti* description) {
     dictionary()[static_cast<const char*>(description->GetName())] = description;
 }
@@ -109,6 +117,7 @@ xrttienum* xrttiDescribeEnum(xrttienum*& slot, const char* name, std::vector<con
         return slot;
     }
     slot = new xrttienum(name, std::move(values));
+    xrttiKeep(slot);
     xrttiRegister(slot);
     return slot;
 }

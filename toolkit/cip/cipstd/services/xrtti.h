@@ -88,6 +88,9 @@ private:
 xrtti* xrttiFind(const char* name);
 // Stores a description under its name, replacing one of that name.
 void xrttiRegister(xrtti* description);
+// Keeps a description made by a getter for as long as the code that made it:
+// until the process ends, or the library that holds the getter is unloaded.
+void xrttiKeep(xrtti* description);
 
 // The getter of a class's description: the static slot first, then the
 // dictionary (a description made elsewhere in the process), and only then a
@@ -111,6 +114,7 @@ xrttiobject* xrttiDescribe(xrttiobject*& slot, const char* name, bool refCountab
         return slot;
     }
     auto* description = new xrttiobject(name, refCountable, {});
+    xrttiKeep(description);
     slot = description;
     description->SetBases({Bases::xrttiGet()...});
     xrttiRegister(description);

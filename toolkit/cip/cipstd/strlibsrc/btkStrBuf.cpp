@@ -53,13 +53,15 @@ btkStrBuf* btkStrBuf::Create(std::size_t capacity, bool wide) {
 }
 
 btkStrBuf* btkStrBuf::Empty() {
-    // Made once, with a reference of its own, and kept until the process ends.
-    static btkStrBuf* empty = [] {
-        btkStrBuf* buffer = Create(1, false);
-        buffer->makeOtherView();
-        return buffer;
-    }();
-    return empty;
+    // Made once, with a reference of its own that is dropped only when the
+    // code goes: at the process's end, or when the plug-in library is unloaded.
+    struct Kept {
+        btkStrBuf* buffer;
+        Kept() : buffer(Create(1, false)) { buffer->makeOtherView(); }
+        ~Kept() { buffer->Release(); }
+    };
+    static Kept empty;
+    return empty.buffer;
 }
 
 void btkStrBuf::destroy() {
