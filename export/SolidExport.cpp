@@ -39,8 +39,8 @@ SolidAppearance readSolidAppearance(ProSolid solid, bool withTexture) {
 
 using MeshGroups = std::map<MaterialRecord, std::vector<int>>;
 
-MeshGroups groupSurfacesByAppearance(const SolidGeometry& geometry, const ProAsmcomppath& fullPath,
-                                     const SolidAppearance& appearance) {
+MeshGroups groupSurfacesByAppearance(const RunContext& run, const SolidGeometry& geometry,
+                                     const ProAsmcomppath& fullPath, const SolidAppearance& appearance) {
     MeshGroups groups;
     for (size_t i = 0; i < geometry.surfaces.size(); ++i) {
         int id = 0;
@@ -48,7 +48,8 @@ MeshGroups groupSurfacesByAppearance(const SolidGeometry& geometry, const ProAsm
         ProGeomitem item{};
         ProSurfaceToGeomitem(geometry.solid, geometry.surfaces[i], &item);
         MaterialRecord record =
-            resolveAppearance(&item, fullPath, appearance.propsOrNull(), appearance.textureOrNull());
+            resolveAppearance(run.settings.useAssemblyMaterials, &item, fullPath, appearance.propsOrNull(),
+                              appearance.textureOrNull());
         groups[record].push_back(static_cast<int>(i));
     }
     return groups;
@@ -81,7 +82,7 @@ void exportSurfaces(RunContext& run, const SolidGeometry& geometry, const ProAsm
     SceneGroup node(run.scene, name);
     if (emitGeometry) {
         node.setFlags(GroupFlags::Solid);
-        MeshGroups groups = groupSurfacesByAppearance(geometry, fullPath, appearance);
+        MeshGroups groups = groupSurfacesByAppearance(run, geometry, fullPath, appearance);
         for (const auto& [record, surfaceIndices] : groups)
             writeMeshRow(run, geometry, record, surfaceIndices, partName, input);
     }
@@ -98,7 +99,8 @@ void exportFacets(RunContext& run, const SolidGeometry& geometry, const ProAsmco
     SceneGroup node(run.scene, name);
     if (emitGeometry) {
         node.setFlags(GroupFlags::Solid);
-        MaterialRecord record = resolveAppearance(nullptr, fullPath, appearance.propsOrNull(), nullptr);
+        MaterialRecord record = resolveAppearance(run.settings.useAssemblyMaterials, nullptr, fullPath,
+                                                  appearance.propsOrNull(), nullptr);
         run.buffers.clearMesh();
         appendFacetMesh(geometry.facets, run.buffers);
         if (run.buffers.meshIsWritable())

@@ -70,6 +70,11 @@ struct Feature {
     // and its placement in the owner (component to owner, row vectors).
     Model* component = nullptr;
     Matrix placement = identityMatrix();
+    // What the owner shows on the component's surfaces in place of their own:
+    // an appearance, and textures with their placements. None: their own.
+    std::optional<AppearanceProps> shownAppearance{};
+    std::optional<TextureProps> shownTexture{};
+    std::vector<ProTextureplacement> shownPlacements{};
 };
 
 struct LayerItemRef {

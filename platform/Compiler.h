@@ -9,6 +9,13 @@
 #define VANTREL_EXPORT __attribute__((visibility("default")))
 #endif
 
+// Marks a member of an exported class that stays inside the library.
+#ifdef _WIN32
+#define VANTREL_HIDDEN
+#else
+#define VANTREL_HIDDEN __attribute__((visibility("hidden")))
+#endif
+
 // A function whose arguments from `formatIndex` on follow a printf format
 // given at `formatIndex`; counted from 1, with `this` as 1 for members.
 #if defined(__GNUC__) || defined(__clang__)

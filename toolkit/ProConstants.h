@@ -49,3 +49,7 @@ enum : int { PRO_SIMPREP_REVERSE = 1, PRO_SIMPREP_INCLUDE = 2, PRO_SIMPREP_EXCLU
 // Unit types and unit system types.
 enum : int { PRO_UNITTYPE_LENGTH = 0 };
 enum : int { PRO_UNITSYSTEM_MASS_LENGTH_TIME = 1 };
+
+// Kinds of a texture placement (ProMdlVisibleTextureplacementpropsGet): which
+// path of the texture record the placement uses.
+enum : int { PRO_TEXTURE_TYPE_NONE = 0, PRO_TEXTURE_TYPE_BUMP = 1, PRO_TEXTURE_TYPE_COLOR = 2, PRO_TEXTURE_TYPE_DECAL = 3 };

@@ -102,6 +102,15 @@ struct TextureProps {
     char bump[260];
 };
 
+// How one texture lies on a surface; its type (PRO_TEXTURE_TYPE_*) says which
+// path of the texture record it uses.
+struct ProTextureplacement {
+    int type;
+    double scale[2];
+    double offset[2];
+    double angle;
+};
+
 // The action of one item of a simplified representation: 136 bytes kept
 // whole, of which only the type is read.
 struct SimprepAction {

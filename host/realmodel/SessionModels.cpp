@@ -129,6 +129,15 @@ private:
         return &session_.addModel(std::move(model));
     }
 
+    // A colour or material that the file sets on an occurrence is what the
+    // assembly shows on that occurrence's surfaces; its image lies as colour.
+    static void showOnOccurrence(Feature& feature, const cad::CadAppearance& appearance) {
+        feature.shownAppearance = appearancePropsOf(appearance);
+        feature.shownTexture = texturePropsOf(appearance);
+        if (feature.shownTexture)
+            feature.shownPlacements.push_back(ProTextureplacement{PRO_TEXTURE_TYPE_COLOR, {1, 1}, {0, 0}, 0});
+    }
+
     Model* buildAssembly(int index) {
         const cad::CadAssembly& assembly = cad_->assemblies.at(static_cast<size_t>(index));
         Model model = baseModel(assembly.name, PRO_MDL_ASSEMBLY, {cad::NodeKind::assembly, index});
@@ -139,6 +148,7 @@ private:
             feature.status = PRO_FEAT_ACTIVE;
             feature.component = build(component.target);
             feature.placement = toHostMatrix(component.placement);
+            if (component.appearance) showOnOccurrence(feature, *component.appearance);
             model.features.push_back(feature);
             bool onHiddenLayer = false;
             for (const std::string& layerName : component.layerNames) {

@@ -90,4 +90,6 @@ std::u16string systemToWide(std::string_view text) {
     return utf8ToWide(utf8);
 }
 
+std::string systemCodePageName() { return systemCharset(); }
+
 }  // namespace platform

@@ -252,6 +252,37 @@ TEST(ExportOfMadeModels, PartUsedTwiceIsTwoGroupsWithTheirOwnTransforms) {
     }
 }
 
+// One of two occurrences of a grey part is painted red in the assembly: with
+// assembly materials the two differ, without them they are alike.
+TEST(ExportOfMadeModels, AnOccurrencePaintedInTheAssemblyShowsItsColourWithAssemblyMaterials) {
+    ScratchFolder folder;
+    cad::XdeDocumentBuilder builder;
+    const TDF_Label bracket = builder.addPart("BRACKET", BRepPrimAPI_MakeBox(1.0, 1.0, 1.0).Shape());
+    builder.setColour(bracket, 0.5, 0.5, 0.5);
+    const TDF_Label top = builder.addAssembly("TOP");
+    const TDF_Label painted = builder.addComponent(top, bracket, moved(0.0, 0.0, 0.0));
+    builder.setColour(painted, 1.0, 0.0, 0.0);
+    builder.addComponent(top, bracket, moved(3.0, 0.0, 0.0));
+    builder.writeStep(folder.file("painted-use.step"), "mm");
+
+    for (bool assemblyMaterials : {true, false}) {
+        ExportSettings settings;
+        settings.useAssemblyMaterials = assemblyMaterials;
+        const ExportedScene scene = exportFile(folder.file("painted-use.step"), folder.path(), settings);
+        const auto groups = partGroupsNamed(scene.document, "BRACKET");
+        ASSERT_EQ(groups.size(), 2u);
+        std::vector<std::vector<std::string>> keys(2);
+        for (size_t g = 0; g < 2; ++g)
+            for (const scenereader::Block* material : groups[g]->descendants("material"))
+                keys[g].push_back(material->name());
+        ASSERT_EQ(keys[1].size(), 1u);
+        ASSERT_EQ(keys[0].size(), 1u);
+        EXPECT_NE(keys[1][0].find(":128:128:128"), std::string::npos) << keys[1][0];
+        const char* shown = assemblyMaterials ? ":255:0:0" : ":128:128:128";
+        EXPECT_NE(keys[0][0].find(shown), std::string::npos) << keys[0][0];
+    }
+}
+
 TEST(ExportOfMadeModels, MeshPartIsAFacetSetWithFlatNormalsAndNoParameters) {
     ScratchFolder folder;
     writeText(folder.path() / "wedge.stl",
