@@ -8,7 +8,6 @@
 #include <fstream>
 #include <functional>
 #include <map>
-#include <regex>
 #include <set>
 #include <string>
 #include <vector>
@@ -43,10 +42,20 @@ const Layer* layerOf(const std::string& path) {
     return found;
 }
 
+// The quoted header of an include line, or empty.
+std::string quotedInclude(const std::string& line) {
+    size_t hash = line.find_first_not_of(" \t");
+    if (hash == std::string::npos || line[hash] != '#') return {};
+    size_t word = line.find_first_not_of(" \t", hash + 1);
+    if (word == std::string::npos || line.compare(word, 7, "include") != 0) return {};
+    size_t open = line.find('"', word + 7), close = open == std::string::npos ? open : line.find('"', open + 1);
+    if (close == std::string::npos || line.find_first_not_of(" \t", word + 7) != open) return {};
+    return line.substr(open + 1, close - open - 1);
+}
+
 // Every source file of the project, relative to the root, with the project
 // headers that it includes.
 std::map<std::string, std::vector<std::string>> readIncludes(const fs::path& root) {
-    static const std::regex include(R"re(^\s*#\s*include\s*"([^"]+)")re");
     std::map<std::string, std::vector<std::string>> files;
     for (const auto& entry : fs::recursive_directory_iterator(root)) {
         const std::string extension = entry.path().extension().string();
@@ -56,9 +65,8 @@ std::map<std::string, std::vector<std::string>> readIncludes(const fs::path& roo
         std::ifstream in(entry.path());
         std::vector<std::string>& included = files[relative];
         for (std::string line; std::getline(in, line);) {
-            std::smatch match;
-            if (std::regex_search(line, match, include) && fs::exists(root / match[1].str()))
-                included.push_back(match[1].str());
+            const std::string header = quotedInclude(line);
+            if (!header.empty() && fs::exists(root / header)) included.push_back(header);
         }
     }
     return files;
