@@ -27,12 +27,6 @@ const Item* findFirst(const std::vector<Item>& items, Key Item::*field, const Ke
 
 }  // namespace
 
-Matrix identityMatrix() {
-    Matrix m{};
-    for (size_t i = 0; i < 4; ++i) m[i][i] = 1.0;
-    return m;
-}
-
 Matrix multiply(const Matrix& a, const Matrix& b) {
     Matrix product{};
     for (size_t row = 0; row < 4; ++row) {

@@ -17,14 +17,12 @@
 #include <utility>
 #include <vector>
 
+#include "host/geometry/RowMatrix.h"
 #include "host/geometry/SurfaceGeometry.h"
 #include "toolkit/ProToolkit.h"
 
 namespace host {
 
-// Row vectors, translation in row 3.
-using Matrix = std::array<std::array<double, 4>, 4>;
-Matrix identityMatrix();
 
 // The product a x b of two transforms: first a, then b (row vectors).
 Matrix multiply(const Matrix& a, const Matrix& b);
