@@ -9,6 +9,7 @@
 #include <gp_Pln.hxx>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <fstream>
 
@@ -16,6 +17,7 @@
 #include "ExportedScene.h"
 #include "MadeModels.h"
 #include "host/cad/XdeDocumentBuilder.h"
+#include "tests/support/LocaleScope.h"
 
 namespace host::realmodel::testing {
 namespace {
@@ -184,6 +186,25 @@ TEST(ExportOfMadeModels, StepColoursReachTheMaterialsAsTheFileWritesThem) {
     }
     std::sort(colours.begin(), colours.end());
     EXPECT_EQ(colours, (std::vector<std::string>{"204:255:51", "255:153:0"}));
+}
+
+// Issue point 6: names written in a legacy code page reach the scene with
+// their letters, and the summary says which code page was detected.
+TEST(ExportOfMadeModels, NamesOfALegacyCodePageReachTheSceneWithTheirLetters) {
+    testsupport::LocaleScope utf8("C.UTF-8");
+    ASSERT_TRUE(utf8.ok());
+    ScratchFolder folder;
+    const std::vector<std::string> names = {"Корпус редуктора", "Вал ведущий шестерни", "Крышка подшипника"};
+    cad::testing::writeStepNamingParts(folder.file("reductor.step"), names, "CP1251");
+    const ExportedScene scene = exportFile(folder.file("reductor.step"), folder.path());
+    std::vector<std::string> groups;
+    for (const scenereader::Block* group : partGroups(scene.document)) groups.push_back(group->name());
+    std::sort(groups.begin(), groups.end());
+    std::vector<std::string> expected = names;
+    std::sort(expected.begin(), expected.end());
+    EXPECT_EQ(groups, expected);
+    EXPECT_NE(describeReport(scene.report).find("; names read as cp1251 (detected)"), std::string::npos)
+        << describeReport(scene.report);
 }
 
 TEST(ExportOfMadeModels, TextureOfAFaceIsFoundOnTheSearchPath) {
