@@ -48,6 +48,7 @@ CadModel loadDocument(const fs::path& path, Read read) {
     CadModel model = describeDocument(document.get(), ModelSource{path, result.unitName});
     model.warnings.insert(model.warnings.begin(), result.warnings.begin(), result.warnings.end());
     model.nameCodePage = result.codePage;
+    addTessellatedSets(std::move(result.tessellated), model);
     return model;
 }
 

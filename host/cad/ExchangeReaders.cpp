@@ -53,8 +53,10 @@ ReadResult readStep(const std::filesystem::path& path, XdeDocument& document,
     TColStd_SequenceOfAsciiString lengthUnits, angleUnits, solidAngleUnits;
     reader.ChangeReader().FileUnits(lengthUnits, angleUnits, solidAngleUnits);
     ReadResult result = keepFileUnit(lengthUnits.IsEmpty() ? "" : lengthUnits.First().ToCString(), document);
+    result.tessellated = readTessellatedItems(reader.ChangeReader().StepModel(), path);
     Handle(TDocStd_Document) target = document.get();
-    if (!reader.Transfer(target)) throw unreadable("STEP", path);
+    // A file of mesh-only items has nothing that the kernel transfers.
+    if (!reader.Transfer(target) && result.tessellated.sets.empty()) throw unreadable("STEP", path);
     result.codePage = names;
     return result;
 }

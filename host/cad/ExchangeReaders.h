@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "host/cad/StepCodePage.h"
+#include "host/cad/TessellatedStep.h"
 #include "host/cad/XdeDocument.h"
 
 namespace host::cad {
@@ -15,6 +16,7 @@ struct ReadResult {
     std::string unitName;
     std::vector<std::string> warnings;
     std::optional<StepCodePage> codePage;  // of a STEP file's names
+    TessellatedItems tessellated;  // a STEP file's mesh-only items
 };
 
 // Each throws CadLoadError, naming the file, when the file can't be read.

@@ -78,6 +78,36 @@ TEST(CadLoading, NamesInALegacyCodePageKeepTheirLetters) {
     EXPECT_FALSE(stepCodePageNamed("klingon"));
 }
 
+// Mesh-only items of an AP242 file, which the kernel's reader doesn't
+// transfer: a solid of a floor (through an index list) and a roof (a fan),
+// styled orange, and a loose strip. Expected normals worked out by hand.
+TEST(CadLoading, TessellatedItemsOfAStepFileBecomeFacets) {
+    const CadModel model = loadCadModel(std::string(VANTREL_SOURCE_DIR) + "/tests/hostcad/data/tessellated.step");
+    ASSERT_EQ(model.top.kind, NodeKind::part);
+    const CadPart& part = model.parts.at(static_cast<size_t>(model.top.index));
+    EXPECT_EQ(part.name, "HUT");
+    ASSERT_EQ(part.facets.size(), 8u);
+    int down = 0, roof = 0, mat = 0;
+    for (const Facet& facet : part.facets) {
+        const double cx = (facet.points[0][0] + facet.points[1][0] + facet.points[2][0]) / 3.0;
+        const double cy = (facet.points[0][1] + facet.points[1][1] + facet.points[2][1]) / 3.0;
+        if (facet.normal[2] < -0.99) ++down;
+        if (cx > 15.0 && facet.normal[2] > 0.99) ++mat;
+        // The roof's faces look up and away from the apex's axis.
+        if (cx < 15.0 && facet.normal[2] > 0.0 && facet.normal[0] * (cx - 5.0) + facet.normal[1] * (cy - 5.0) > 0.0) {
+            ++roof;
+        }
+    }
+    EXPECT_EQ(down, 2);
+    EXPECT_EQ(roof, 4);
+    EXPECT_EQ(mat, 2);
+    ASSERT_TRUE(part.appearance);
+    EXPECT_EQ((std::array{part.appearance->red, part.appearance->green, part.appearance->blue}),
+              (std::array{1.0, 0.6, 0.0}));
+    EXPECT_NEAR(part.outline.max[0], 30.0, 1e-9);
+    EXPECT_NEAR(part.outline.max[2], 8.0, 1e-9);
+}
+
 // Everything that carries an id, in order, as one text.
 std::string idsOf(const CadModel& model) {
     std::string ids;

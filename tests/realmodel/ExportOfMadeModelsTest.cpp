@@ -207,6 +207,17 @@ TEST(ExportOfMadeModels, NamesOfALegacyCodePageReachTheSceneWithTheirLetters) {
         << describeReport(scene.report);
 }
 
+// Issue point 9: a STEP file of mesh-only items exports like an STL part, in its colour.
+TEST(ExportOfMadeModels, MeshOnlyStepItemsExportLikeAnStlPart) {
+    ScratchFolder folder;
+    const ExportedScene scene =
+        exportFile(std::string(VANTREL_SOURCE_DIR) + "/tests/hostcad/data/tessellated.step", folder.path());
+    EXPECT_EQ(scene.report.summary.triangles, 8u);
+    const auto materials = scene.document.root.descendants("material");
+    ASSERT_EQ(materials.size(), 1u);
+    EXPECT_EQ(materials[0]->name(), "hut:orange:255:153:0");
+}
+
 TEST(ExportOfMadeModels, TextureOfAFaceIsFoundOnTheSearchPath) {
     ScratchFolder folder;
     const std::filesystem::path image = folder.path() / "textures" / "wood.png";
