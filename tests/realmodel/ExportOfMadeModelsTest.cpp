@@ -318,15 +318,5 @@ TEST(ExportOfMadeModels, FinerQualityGivesMoreTriangles) {
     EXPECT_GT(fineTriangles, coarseTriangles);
 }
 
-TEST(ExportOfMadeModels, ModelsThatCantBeExported_bad_) {
-    ScratchFolder folder;
-    writeText(folder.path() / "notes.txt", "no geometry here\n");
-    writeText(folder.path() / "empty.stl", "solid empty\nendsolid empty\n");
-    for (const char* name : {"missing.step", "notes.txt", "empty.stl"}) {
-        EXPECT_THROW(exportFile(folder.path() / name, folder.path()), cad::CadLoadError) << name;
-    }
-    EXPECT_FALSE(std::filesystem::exists(folder.path() / "scene.vnz"));
-}
-
 }  // namespace
 }  // namespace host::realmodel::testing
