@@ -1,10 +1,40 @@
-// The saved views that every model loaded from a CAD file carries.
+// The session's models built from loaded CAD files: their layers, and the
+// saved views that every one of them carries.
 #include <gtest/gtest.h>
 
+#include <map>
+#include <set>
+
+#include "../hostcad/CadTestSupport.h"
+#include "MadeModels.h"
+#include "host/realmodel/ModelLoading.h"
 #include "host/realmodel/StandardViews.h"
 
 namespace host::realmodel {
 namespace {
+
+// The shown cube, one on a hidden layer and one hidden in the file: the
+// layers keep their file's names and statuses, each under an id of its own,
+// and each part's surfaces belong to its solid feature.
+TEST(SessionModels, HiddenComponentsSitOnBlankedLayers) {
+    cad::testing::ScratchFolder folder;
+    testing::writeCubesWithHiddenOnes(folder.file("layers.step"));
+    Session session;
+    const Model& top = *loadModelIntoSession(session, folder.file("layers.step")).models.top;
+    std::map<std::u16string, int> statuses;
+    std::set<int> ids;
+    for (const Layer& layer : top.layers) {
+        statuses[layer.name] = layer.displayStatus;
+        ids.insert(layer.id);
+    }
+    EXPECT_EQ(statuses, (std::map<std::u16string, int>{
+                            {u"SHOWN", PRO_LAYER_NORMAL}, {u"CONSTRUCTION", PRO_LAYER_BLANK}, {blankedLayerName, PRO_LAYER_BLANK}}));
+    EXPECT_EQ(ids.size(), top.layers.size());
+    for (const Feature& component : top.features) {
+        for (const Surface& surface : component.component->surfaces)
+            EXPECT_EQ(surface.featureId, component.component->features.at(0).id) << "owned by the part's solid";
+    }
+}
 
 TEST(SessionModels, StandardViewsAreRotationsNamedAsTheHostNamesThem) {
     const std::vector<View> views = standardViews();
