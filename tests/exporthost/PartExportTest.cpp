@@ -362,18 +362,5 @@ TEST(PartExport, FileDialogOffersTheLastPathWithinItsBuffers) {
     }
 }
 
-TEST(LiveRoads, RenderReportsTheMissingLinkAndUpdateStaysSilent) {
-    ExportScenario run;
-    host::Model& plate = run.session.addModel(part(u"plate", 1));
-    run.open(plate, PRO_MODE_PART);
-    ::testing::internal::CaptureStdout();
-    EXPECT_EQ(run.press("Vantrel Plugin Render"), 0);
-    EXPECT_EQ(::testing::internal::GetCapturedStdout(), "Failed");
-    ::testing::internal::CaptureStdout();
-    EXPECT_EQ(run.press("Vantrel Plugin Update"), 0);
-    EXPECT_EQ(::testing::internal::GetCapturedStdout(), "");
-    EXPECT_EQ(run.session.tessellationRequests().size(), 0u) << "no scene, no geometry";
-}
-
 }  // namespace
 }  // namespace exporttest
