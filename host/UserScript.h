@@ -68,6 +68,13 @@ public:
 
     // True when every scripted answer was used.
     bool finished() const;
+    // Drops the answers that a run left unused.
+    void clear() {
+        files_.clear();
+        selections_.clear();
+        representations_.clear();
+        steps_.clear();
+    }
 
 private:
     template <typename Answer>

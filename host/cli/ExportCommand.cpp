@@ -20,6 +20,7 @@ int runExport(const Invocation& invocation) {
     request.workdir = workdirOf(invocation);
     request.settings = invocation.settings;
     request.loading = invocation.loading;
+    request.faults = invocation.faults;
     prepareKernel();
     realmodel::ProgressLine progress(stderr);
     std::optional<realmodel::ReadingLine> reading;

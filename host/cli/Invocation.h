@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "host/FaultPlan.h"
 #include "host/cad/CadLoader.h"
 #include "host/realmodel/ExportSettings.h"
 
@@ -17,6 +18,7 @@ struct Invocation {
     std::optional<std::filesystem::path> output;
     realmodel::ExportSettings settings;
     cad::LoadOptions loading;
+    std::vector<Fault> faults;  // host operations told to fail, for trials of the plug-in
     std::vector<std::string> operands;
 };
 

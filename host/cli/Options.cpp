@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <optional>
 
+#include "host/HostOperation.h"
 #include "host/realmodel/ExportSettings.h"
 
 namespace host::cli {
@@ -33,6 +34,19 @@ cad::StepCodePage codePageOf(const std::string& text) {
     throw UsageError{"--codepage needs one of " + cad::knownStepCodePages() + ", not \"" + text + "\""};
 }
 
+// "ProSolidBodyGet:3": the operation fails at its third call.
+Fault faultOf(const std::string& text) {
+    const size_t colon = text.rfind(':');
+    const std::string name = text.substr(0, colon);
+    char* end = nullptr;
+    const unsigned long long call = colon == std::string::npos ? 0 : std::strtoull(text.c_str() + colon + 1, &end, 10);
+    if (colon == std::string::npos || call == 0 || *end != '\0' || !operationNamed(name)) {
+        throw UsageError{"--fail needs OPERATION:N, a host operation and the number of its call that fails, not \"" +
+                         text + "\""};
+    }
+    return Fault{name, call, nullptr, PRO_TK_GENERAL_ERROR};
+}
+
 std::filesystem::path pathOf(std::string_view option, const std::string& text) {
     if (text.empty()) throw UsageError{std::string(option) + " needs a path, not an empty text"};
     return text;
@@ -54,6 +68,9 @@ constexpr Option table[] = {
     {"--codepage", "", "NAME",
      "the code page of a STEP file's names (cp1251,\niso8859-5, shift-jis, gb2312, ...); detected\nwhen not given",
      [](Invocation& invocation, const std::string& value) { invocation.loading.stepCodePage = codePageOf(value); }},
+    {"--fail", "", "OPERATION:N",
+     "makes the host operation fail at its N-th call with\nan error status, its outputs untouched; may be\ngiven more than once",
+     [](Invocation& invocation, const std::string& value) { invocation.faults.push_back(faultOf(value)); }},
     {"--plugin", "", "PATH", "the plug-in library; by default " VANTREL_PLUGIN_FILE_NAME "\nbeside this program",
      [](Invocation& invocation, const std::string& value) { invocation.plugin = pathOf("--plugin", value); }},
     {"--workdir", "", "DIR",

@@ -51,6 +51,7 @@ int withStartedPlugin(const Invocation& invocation, const std::function<void(Ses
     }
     changeDirectory(workdir);
     Session session;
+    for (const Fault& fault : invocation.faults) session.faults().add(fault);
     Host host(session, pluginOf(invocation));
     work(session, host);
     for (const std::string& error : session.errors().messages()) std::cerr << "vantrel-host: " << error << "\n";

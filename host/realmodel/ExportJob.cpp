@@ -57,6 +57,7 @@ std::string joined(const std::vector<std::string>& messages) {
 void pressExport(const ExportRequest& request, const std::shared_ptr<const cad::CadModel>& model,
                  const std::filesystem::path& output, ExportReport& report) {
     Session session;
+    for (const Fault& fault : request.faults) session.faults().add(fault);
     Host host(session, request.plugin);
     LoadedModel loaded = openInSession(session, model);
     report.surfaces = loaded.models.surfaceOccurrences;

@@ -13,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "host/FaultPlan.h"
 #include "host/cad/CadLoader.h"
 #include "host/cad/CadModel.h"
 #include "host/realmodel/ExportSettings.h"
@@ -28,6 +29,7 @@ struct ExportRequest {
     std::filesystem::path workdir;
     ExportSettings settings;
     cad::LoadOptions loading;
+    std::vector<Fault> faults;  // host operations that fail in the run
     // Told after each surface is meshed: surfaces done and in all.
     std::function<void(std::size_t done, std::size_t total)> progress;
     // Told when the model file has been read, before the plug-in runs.

@@ -118,6 +118,10 @@ TEST(ExportCommandLine, BadInputIsNamedWithANonZeroExit_bad_) {
     EXPECT_EQ(badCodePage.exitCode, 2);
     EXPECT_NE(badCodePage.err.find("--codepage needs one of utf-8, cp1250"), std::string::npos) << badCodePage.err;
 
+    const ProgramRun badFault = run(folder, "export m.step -o o.vnz --fail ProNoSuchThing:1");
+    EXPECT_EQ(badFault.exitCode, 2);
+    EXPECT_NE(badFault.err.find("--fail needs OPERATION:N"), std::string::npos) << badFault.err;
+
     const ProgramRun badAxis = run(folder, "export m.step -o o.vnz --up w");
     EXPECT_EQ(badAxis.exitCode, 2);
     EXPECT_NE(badAxis.err.find("--up needs x, y, z, -x, -y or -z"), std::string::npos);
@@ -142,6 +146,13 @@ TEST(ExportCommandLine, KernelMessagesGoToStandardErrorOnlyWhenAReadFails) {
     EXPECT_TRUE(done.out.starts_with("exported ")) << done.out;
     EXPECT_EQ(std::count(done.out.begin(), done.out.end(), '\n'), 2) << done.out;
     EXPECT_EQ(done.err, "");
+
+    // A refused first tessellation is met by the plug-in's retries: the same scene.
+    const ProgramRun faulted = run(folder, "export '" + model + "' -o '" + folder.file("f.vnz") +
+                                               "' --fail ProSurfaceTessellationGet:1");
+    ASSERT_EQ(faulted.exitCode, 0) << faulted.err;
+    const auto counts = [](const std::string& out) { return out.substr(out.find('\n'), out.find(';') - out.find('\n')); };
+    EXPECT_EQ(counts(faulted.out), counts(done.out));
 }
 
 // Temporary scene files of a run beside `folder`'s files.
