@@ -159,7 +159,7 @@ int runPreview(const Arguments& arguments, std::ostream& out, std::ostream& err)
     }
     const auto size = parseSize(arguments.option("--size").value_or("1024x768"));
     if (!size) {
-        err << "vantrel-scene preview: --size takes WIDTHxHEIGHT, each from 16 to 8192\n";
+        err << "vantrel-scene preview: --size takes WIDTHxHEIGHT, each from 16 to 8192\n" << usage;
         return 2;
     }
     request.width = size->first;
@@ -168,7 +168,7 @@ int runPreview(const Arguments& arguments, std::ostream& out, std::ostream& err)
     request.fit = arguments.has("--fit");
     try {
         const Scene scene = buildScene(scenereader::readSceneFile(arguments.files[0]));
-        out << "wrote " << request.output << ": " << renderPreview(scene, folderOf(arguments.files[0]), request) << "\n";
+        out << "wrote " << request.output.string() << ": " << renderPreview(scene, folderOf(arguments.files[0]), request) << "\n";
     } catch (const std::exception& error) {
         err << error.what() << "\n";
         return 1;
