@@ -2,15 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
-#include <stdexcept>
 
 #include <gp_Mat.hxx>
 #include <gp_Quaternion.hxx>
 #include <gp_Vec.hxx>
-#include <rapidjson/document.h>
-#include <rapidjson/stringbuffer.h>
-#include <rapidjson/writer.h>
 
+#include "scenetools/GltfJson.h"
 #include "scenetools/UpAxis.h"
 
 namespace scenetools {
@@ -31,18 +28,6 @@ gp_Vec unitOr(gp_Vec v, const gp_Vec& fallback) {
 double halfAngle(const Camera& camera) {
     const double fov = camera.fieldOfView > 1 && camera.fieldOfView < 179 ? camera.fieldOfView : 55;
     return fov * pi / 360;
-}
-
-rapidjson::Value array(std::initializer_list<double> numbers, rapidjson::Document::AllocatorType& allocator) {
-    rapidjson::Value value(rapidjson::kArrayType);
-    for (double number : numbers) value.PushBack(number, allocator);
-    return value;
-}
-
-rapidjson::Value& member(rapidjson::Value& object, const char* name, rapidjson::Type type,
-                         rapidjson::Document::AllocatorType& allocator) {
-    if (!object.HasMember(name)) object.AddMember(rapidjson::StringRef(name), rapidjson::Value(type), allocator);
-    return object[name];
 }
 
 rapidjson::Value cameraJson(const Camera& camera, const CameraPlacement& place,
@@ -98,34 +83,29 @@ CameraPlacement placeCamera(const Scene& scene, const Camera& camera, const Boun
     return place;
 }
 
-std::string addCameras(const std::string& json, const Scene& scene) {
-    rapidjson::Document document;
-    document.Parse(json.c_str(), json.size());
-    if (document.HasParseError() || !document.IsObject()) throw std::runtime_error("the written glTF JSON can't be read");
+void addCameras(rapidjson::Document& document, const Scene& scene) {
+    if (scene.cameras.empty()) return;
     auto& allocator = document.GetAllocator();
     const Bounds bounds = meshBounds(scene, sceneToViewer(scene));
-    rapidjson::Value& cameras = member(document, "cameras", rapidjson::kArrayType, allocator);
-    rapidjson::Value& nodes = member(document, "nodes", rapidjson::kArrayType, allocator);
-    rapidjson::Value& scenes = member(document, "scenes", rapidjson::kArrayType, allocator);
-    if (scenes.Empty()) scenes.PushBack(rapidjson::Value(rapidjson::kObjectType), allocator);
-    const unsigned sceneIndex = document.HasMember("scene") ? document["scene"].GetUint() : 0;
+    // Members first: adding one to the document moves the others.
+    for (const char* name : {"cameras", "nodes", "scenes"}) member(document, name, rapidjson::kArrayType, allocator);
     if (!document.HasMember("scene")) document.AddMember("scene", 0, allocator);
-    rapidjson::Value& sceneNodes = member(scenes[sceneIndex], "nodes", rapidjson::kArrayType, allocator);
+    rapidjson::Value& scenes = document["scenes"];
+    if (scenes.Empty()) scenes.PushBack(rapidjson::Value(rapidjson::kObjectType), allocator);
+    rapidjson::Value& cameras = document["cameras"];
+    rapidjson::Value& nodes = document["nodes"];
+    rapidjson::Value& sceneNodes = member(scenes[document["scene"].GetUint()], "nodes", rapidjson::kArrayType, allocator);
     for (const Camera& camera : scene.cameras) {
         const CameraPlacement place = placeCamera(scene, camera, bounds);
         rapidjson::Value node(rapidjson::kObjectType);
         node.AddMember("name", rapidjson::Value(camera.name.c_str(), allocator), allocator);
         node.AddMember("camera", cameras.Size(), allocator);
-        node.AddMember("rotation", array({place.rotation[0], place.rotation[1], place.rotation[2], place.rotation[3]}, allocator), allocator);
-        node.AddMember("translation", array({place.eye[0], place.eye[1], place.eye[2]}, allocator), allocator);
+        node.AddMember("rotation", numberArray({place.rotation[0], place.rotation[1], place.rotation[2], place.rotation[3]}, allocator), allocator);
+        node.AddMember("translation", numberArray({place.eye[0], place.eye[1], place.eye[2]}, allocator), allocator);
         cameras.PushBack(cameraJson(camera, place, allocator), allocator);
         sceneNodes.PushBack(nodes.Size(), allocator);
         nodes.PushBack(node, allocator);
     }
-    rapidjson::StringBuffer text;
-    rapidjson::Writer<rapidjson::StringBuffer> writer(text);
-    document.Accept(writer);
-    return std::string(text.GetString(), text.GetSize());
 }
 
 }  // namespace scenetools

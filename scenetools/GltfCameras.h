@@ -1,7 +1,7 @@
 #pragma once
 // The scene's cameras as glTF cameras and camera nodes, added to a glTF JSON
 // text that the kernel's writer made (it writes no cameras).
-#include <string>
+#include <rapidjson/document.h>
 
 #include "scenetools/SceneModel.h"
 
@@ -20,8 +20,7 @@ struct CameraPlacement {
 CameraPlacement placeCamera(const Scene& scene, const Camera& camera, const Bounds& viewerBounds);
 
 // Adds "cameras", one node for each camera and those nodes to the default
-// scene; answers the edited JSON. Throws std::runtime_error on JSON it
-// can't read.
-std::string addCameras(const std::string& json, const Scene& scene);
+// scene.
+void addCameras(rapidjson::Document& document, const Scene& scene);
 
 }  // namespace scenetools

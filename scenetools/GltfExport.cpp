@@ -11,9 +11,13 @@
 #include <TColStd_IndexedDataMapOfStringString.hxx>
 #include <TDocStd_Document.hxx>
 #include <rapidjson/document.h>
+#include <rapidjson/stringbuffer.h>
+#include <rapidjson/writer.h>
 
 #include "scenetools/GlbContainer.h"
+#include "scenetools/GltfAnimations.h"
 #include "scenetools/GltfCameras.h"
+#include "scenetools/GltfJson.h"
 #include "scenetools/UpAxis.h"
 #include "scenetools/XdeDocument.h"
 
@@ -49,11 +53,8 @@ void convertUnitsAndAxes(RWMesh_CoordinateSystemConverter& converter, const Scen
     converter.SetOutputCoordinateSystem(RWMesh_CoordinateSystem_glTF);
 }
 
-GltfCounts countsOf(const std::string& json) {
-    rapidjson::Document document;
-    document.Parse(json.c_str(), json.size());
+GltfCounts countsOf(const rapidjson::Document& document) {
     GltfCounts counts;
-    if (document.HasParseError() || !document.IsObject()) return counts;
     auto size = [&](const char* name) -> size_t {
         return document.HasMember(name) && document[name].IsArray() ? document[name].Size() : 0;
     };
@@ -61,7 +62,72 @@ GltfCounts countsOf(const std::string& json) {
     counts.meshes = size("meshes");
     counts.materials = size("materials");
     counts.cameras = size("cameras");
+    counts.animations = size("animations");
     return counts;
+}
+
+
+rapidjson::Document parseJson(const std::string& json) {
+    rapidjson::Document document;
+    document.Parse(json.c_str(), json.size());
+    if (document.HasParseError() || !document.IsObject()) throw std::runtime_error("the written glTF JSON can't be read");
+    return document;
+}
+
+std::string printJson(const rapidjson::Document& document) {
+    rapidjson::StringBuffer text;
+    rapidjson::Writer<rapidjson::StringBuffer> writer(text);
+    document.Accept(writer);
+    return std::string(text.GetString(), text.GetSize());
+}
+
+// Cameras and animations, which the kernel's writer leaves out, and a note
+// on animations that could not be placed.
+bool addWhatTheWriterLeavesOut(rapidjson::Document& document, std::string& bin, const Scene& scene) {
+    addCameras(document, scene);
+    const size_t animations = addAnimations(document, bin, scene);
+    if (animations < scene.animations) {
+        auto& allocator = document.GetAllocator();
+        rapidjson::Value& extras = member(member(document, "asset", rapidjson::kObjectType, allocator), "extras",
+                                          rapidjson::kObjectType, allocator);
+        const std::string note = std::to_string(scene.animations - animations) +
+                                 " animation blocks are left out: their arrays don't read whole";
+        extras.AddMember("animationNote", rapidjson::Value(note.c_str(), allocator), allocator);
+    }
+    return !scene.cameras.empty() || scene.animations > 0;
+}
+
+GltfCounts addToGlb(const std::filesystem::path& output, const Scene& scene) {
+    GlbChunks chunks = splitGlb(readFile(output));
+    rapidjson::Document document = parseJson(chunks.json);
+    if (addWhatTheWriterLeavesOut(document, chunks.bin, scene)) {
+        chunks.json = printJson(document);
+        writeFile(output, joinGlb(chunks));
+    }
+    return countsOf(document);
+}
+
+// The side file of buffer 0, named by its uri beside the output.
+std::filesystem::path binFileOf(const rapidjson::Document& document, const std::filesystem::path& output) {
+    if (!document.HasMember("buffers") || document["buffers"].Empty() || !document["buffers"][0].HasMember("uri")) {
+        return {};
+    }
+    return output.parent_path() / document["buffers"][0]["uri"].GetString();
+}
+
+GltfCounts addToGltf(const std::filesystem::path& output, const Scene& scene) {
+    rapidjson::Document document = parseJson(readFile(output));
+    const std::filesystem::path binFile = binFileOf(document, output);
+    std::string bin = binFile.empty() ? std::string() : readFile(binFile);
+    const size_t binSize = bin.size();
+    if (addWhatTheWriterLeavesOut(document, bin, scene)) {
+        if (bin.size() != binSize) {
+            if (binFile.empty()) throw std::runtime_error("the written glTF has no binary file for the animations");
+            writeFile(binFile, bin);
+        }
+        writeFile(output, printJson(document));
+    }
+    return countsOf(document);
 }
 
 }  // namespace
@@ -82,6 +148,7 @@ GltfCounts writeWithKernel(const Scene& scene, const std::filesystem::path& scen
     RWGltf_CafWriter writer(TCollection_AsciiString(output.string().c_str()), binary);
     convertUnitsAndAxes(writer.ChangeCoordinateSystemConverter(), scene);
     writer.SetForcedUVExport(true);
+    writer.SetTransformationFormat(RWGltf_WriterTrsfFormat_TRS);  // animation channels need TRS nodes
     TColStd_IndexedDataMapOfStringString fileInfo;
     fileInfo.Add("source", "Vantrel scene converted by vantrel-scene");
     if (const std::string note = exactSurfacesNote(scene); !note.empty()) {
@@ -91,20 +158,7 @@ GltfCounts writeWithKernel(const Scene& scene, const std::filesystem::path& scen
     if (!writer.Perform(document, fileInfo, Message_ProgressRange())) {
         throw std::runtime_error("can't write " + output.string());
     }
-    if (binary) {
-        GlbChunks chunks = splitGlb(readFile(output));
-        if (!scene.cameras.empty()) {
-            chunks.json = addCameras(chunks.json, scene);
-            writeFile(output, joinGlb(chunks));
-        }
-        return countsOf(chunks.json);
-    }
-    std::string json = readFile(output);
-    if (!scene.cameras.empty()) {
-        json = addCameras(json, scene);
-        writeFile(output, json);
-    }
-    return countsOf(json);
+    return binary ? addToGlb(output, scene) : addToGltf(output, scene);
 }
 
 }  // namespace

@@ -3,7 +3,8 @@
 // a side file (.gltf), written by the kernel's glTF writer from the XDE
 // document of the scene, in metres with +Y up. The scene's cameras are added
 // to the written JSON as glTF cameras, each framing the whole model from its
-// own direction as the importer's camera adjustment does.
+// own direction as the importer's camera adjustment does, and the animation
+// blocks as glTF animations.
 #include <filesystem>
 #include <string>
 
@@ -16,6 +17,7 @@ struct GltfCounts {
     size_t meshes = 0;
     size_t materials = 0;
     size_t cameras = 0;
+    size_t animations = 0;
 };
 
 // Throws std::runtime_error when the file can't be written.

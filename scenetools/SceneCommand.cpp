@@ -123,7 +123,7 @@ int runToGltf(const Arguments& arguments, std::ostream& out, std::ostream& err) 
         const GltfCounts counts = writeGltf(scene, folderOf(arguments.files[0]), output);
         const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
         out << "wrote " << output << ": " << counts.nodes << " nodes, " << counts.meshes << " meshes, "
-            << counts.materials << " materials, " << counts.cameras << " cameras";
+            << counts.materials << " materials, " << counts.cameras << " cameras, " << counts.animations << " animations";
         if (scene.exactSurfaces) out << "; " << exactSurfacesNote(scene);
         out << " (" << seconds.count() << " s)\n";
     } catch (const std::exception& error) {

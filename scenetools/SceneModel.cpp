@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <variant>
 
+#include "scenereader/SceneAnimations.h"
+
 namespace scenetools {
 
 using scenereader::Block;
@@ -153,6 +155,7 @@ private:
         } else if (block.kind == "animation") {
             ++node.animations;
             ++scene_.animations;
+            readTrack(block, node);
         } else if (block.kind == "load") {
             readOptions(block);
         }
@@ -167,6 +170,14 @@ private:
                 ++scene_.exactSurfaces;
             }
         }
+    }
+
+    void readTrack(const Block& block, Node& node) {
+        std::vector<std::string> problems;
+        const scenereader::Animation animation = scenereader::readAnimation(block, problems);
+        if (!problems.empty() || animation.matrices.empty()) return;
+        node.tracks.push_back(Track{animation.name, {animation.matrices.begin(), animation.matrices.end()},
+                                    animation.timestamps});
     }
 
     void readOptions(const Block& options) {
@@ -189,6 +200,14 @@ Scene buildScene(const scenereader::Document& document) {
 }  // namespace scenetools
 
 namespace scenetools {
+
+bool Mesh::drawable() const {
+    if (triangleCount() == 0) return false;
+    for (int32_t index : indices) {
+        if (index < 0 || static_cast<size_t>(index) >= vertexCount()) return false;
+    }
+    return true;
+}
 
 void Bounds::add(const std::array<double, 3>& point) {
     for (int i = 0; i < 3; ++i) {

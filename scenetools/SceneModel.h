@@ -38,6 +38,8 @@ struct Mesh {
 
     size_t vertexCount() const { return vertices.size() / 3; }
     size_t triangleCount() const { return indices.size() / 3; }
+    // Has triangles, and every index is a vertex: the viewers take it.
+    bool drawable() const;
 };
 
 struct Camera {
@@ -51,6 +53,15 @@ struct Camera {
     Matrix world = identityMatrix;      // its transform and those of the groups around it
 };
 
+// An animation block of a group: the matrices that, put before the group's
+// own transform, place it at each frame, and the frames' times in
+// milliseconds.
+struct Track {
+    std::string name;
+    std::vector<Matrix> matrices;
+    std::vector<int32_t> timestamps;
+};
+
 struct Node {
     std::string name;
     bool hasFlags = false;
@@ -60,6 +71,7 @@ struct Node {
     std::vector<Node> children;         // its groups, in file order
     size_t exactSurfaces = 0;           // "nurbs" objects directly in it
     size_t animations = 0;              // animation blocks directly in it
+    std::vector<Track> tracks;          // those of them that read whole
 };
 
 struct Scene {

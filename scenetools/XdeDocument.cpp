@@ -46,13 +46,6 @@ std::vector<float> normalsOfTriangles(const Mesh& mesh) {
     return normals;
 }
 
-bool indicesValid(const Mesh& mesh) {
-    for (int32_t index : mesh.indices) {
-        if (index < 0 || static_cast<size_t>(index) >= mesh.vertexCount()) return false;
-    }
-    return true;
-}
-
 void setName(const TDF_Label& label, const std::string& name) {
     TDataStd_Name::Set(label, TCollection_ExtendedString(name.c_str(), Standard_True));
 }
@@ -88,7 +81,7 @@ private:
     }
 
     void addMesh(const Mesh& mesh, const TDF_Label& parent) {
-        if (mesh.triangleCount() == 0 || !indicesValid(mesh)) return;
+        if (!mesh.drawable()) return;
         const TDF_Label part = shapes_->AddShape(makeMeshFace(mesh), Standard_False);
         setName(part, mesh.name);
         materials_->SetShapeMaterial(part, materialLabel(mesh.material));

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstring>
+#include <map>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -140,6 +142,83 @@ TEST_P(GltfRoundTrip, ExactSurfacesAreLeftOutWithANoteAndCamerasBecomeGltfCamera
     for (unsigned k = 0; k < 4; ++k) EXPECT_NEAR(sign * camera["rotation"][k].GetDouble(), expected[k], 1e-9) << k;
     EXPECT_NEAR(camera["translation"][0].GetDouble(), 0.5, 1e-9);  // above the triangle's box centre
     EXPECT_NEAR(camera["translation"][2].GetDouble(), 0.0, 1e-9);
+}
+
+// The accessor's floats, read from the binary data of buffer 0.
+std::vector<float> accessorFloats(const rapidjson::Document& document, const std::string& bin, unsigned index) {
+    const auto& accessor = document["accessors"][index];
+    const auto& view = document["bufferViews"][accessor["bufferView"].GetUint()];
+    const size_t width = std::string(accessor["type"].GetString()) == "SCALAR" ? 1
+                         : std::string(accessor["type"].GetString()) == "VEC3" ? 3 : 4;
+    std::vector<float> values(accessor["count"].GetUint() * width);
+    const size_t offset = view["byteOffset"].GetUint() + accessor["byteOffset"].GetUint();
+    EXPECT_LE(offset + values.size() * sizeof(float), bin.size());
+    if (offset + values.size() * sizeof(float) <= bin.size()) {
+        std::memcpy(values.data(), bin.data() + offset, values.size() * sizeof(float));
+    }
+    return values;
+}
+
+TEST_P(GltfRoundTrip, AnimationBlockBecomesTranslationRotationAndScaleSamplersInSeconds) {
+    // Centimetres, +Z up. The group stands 50 up; frame 1 moves it 100 along
+    // X and turns it a quarter about Z (X to Y, Y to -X) first.
+    const std::string scene =
+        SceneBytes()
+            .text("version 7\nload \"nvxrtopt.so\" {\n\"import_up_vector\" 2,\n\"meter_scale\" 100,\n}\n")
+            .text("group \"asm\" {\ngroup \"arm\" {\nobject \"arm\" {\ngeometry \"triangles\" {\n\"vertices\" [ ")
+            .floats('c', {0, 0, 0, 1, 0, 0, 0, 1, 0}).text("] ,\n\"triangles\" [ ").ints({0, 1, 2})
+            .text("] ,\n}\n}\nanimation \"fbx_animation\" \"arm\" {\n\"start_time\" 0,\n\"duration\" 0.08,\n")
+            .text("\"folder\" \"Creo animation\",\n\"matrices\" [\n1 0 0 0 0 1 0 0 0 0 1 0 0 0 0 1, ")
+            .text("0 1 0 0 -1 0 0 0 0 0 1 0 100 0 0 1 ],\n\"timestamps\" [\n0, 40 ],\n}\n")
+            .text("transform 1 0 0 0 0 1 0 0 0 0 1 0 0 0 50 1\n}\n}\n")
+            .str();
+    const ReadGltf read = convert(scene);
+    EXPECT_EQ(read.tree, "asm\n  arm\n    arm\n");
+    std::string bytes;
+    {
+        std::ifstream in(output_, std::ios::binary);
+        std::ostringstream text;
+        text << in.rdbuf();
+        bytes = text.str();
+    }
+    rapidjson::Document document;
+    std::string bin;
+    if (output_.extension() == ".glb") {
+        const scenetools::GlbChunks chunks = scenetools::splitGlb(bytes);
+        document.Parse(chunks.json.c_str());
+        bin = chunks.bin;
+    } else {
+        document.Parse(bytes.c_str());
+        std::ifstream in(folder_ / document["buffers"][0]["uri"].GetString(), std::ios::binary);
+        std::ostringstream text;
+        text << in.rdbuf();
+        bin = text.str();
+    }
+    ASSERT_TRUE(document.HasMember("animations"));
+    ASSERT_EQ(document["animations"].Size(), 1u);
+    const auto& animation = document["animations"][0];
+    ASSERT_EQ(animation["channels"].Size(), 3u);
+    const unsigned node = animation["channels"][0]["target"]["node"].GetUint();
+    EXPECT_STREQ(document["nodes"][node]["name"].GetString(), "arm");
+    EXPECT_EQ(document["buffers"][0]["byteLength"].GetUint(), bin.size());
+    std::map<std::string, std::vector<float>> outputs;
+    std::vector<float> times;
+    for (const auto& channel : animation["channels"].GetArray()) {
+        const auto& sampler = animation["samplers"][channel["sampler"].GetUint()];
+        times = accessorFloats(document, bin, sampler["input"].GetUint());
+        outputs[channel["target"]["path"].GetString()] = accessorFloats(document, bin, sampler["output"].GetUint());
+    }
+    EXPECT_EQ(times, (std::vector<float>{0.0f, 0.04f}));
+    // Frame 0: (0, 0, 50) cm is (0, 0.5, 0) m with +Y up; frame 1: (100, 0, 50) cm is (1, 0.5, 0) m.
+    const std::vector<float> translations{0, 0.5f, 0, 1, 0.5f, 0};
+    ASSERT_EQ(outputs["translation"].size(), 6u);
+    for (size_t i = 0; i < 6; ++i) EXPECT_NEAR(outputs["translation"][i], translations[i], 1e-6) << i;
+    // A quarter about the scene's Z is a quarter about glTF's Y: (0, sin 45, 0, cos 45).
+    const std::vector<float> rotations{0, 0, 0, 1, 0, std::sqrt(0.5f), 0, std::sqrt(0.5f)};
+    ASSERT_EQ(outputs["rotation"].size(), 8u);
+    for (size_t i = 0; i < 8; ++i) EXPECT_NEAR(outputs["rotation"][i], rotations[i], 1e-6) << i;
+    ASSERT_EQ(outputs["scale"].size(), 6u);
+    for (float scale : outputs["scale"]) EXPECT_NEAR(scale, 1, 1e-6);
 }
 
 INSTANTIATE_TEST_SUITE_P(BinaryAndText, GltfRoundTrip, testing::Values(".glb", ".gltf"),
