@@ -1,9 +1,9 @@
 #include "scenetools/CheckCommand.h"
 
-#include <exception>
-
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
+
+#include <exception>
 
 #include "scenereader/SceneChecks.h"
 #include "scenereader/SceneReader.h"
@@ -16,10 +16,14 @@ using JsonWriter = rapidjson::Writer<rapidjson::StringBuffer>;
 
 void writeSummary(JsonWriter& writer, const scenereader::SceneSummary& summary) {
     const std::pair<const char*, size_t> counts[] = {
-        {"groups", summary.groups},         {"objects", summary.objects},
-        {"triangleMeshes", summary.triangleMeshes}, {"triangles", summary.triangles},
-        {"materials", summary.materials},   {"distinctMaterials", summary.distinctMaterials},
-        {"cameras", summary.cameras},       {"nurbsObjects", summary.nurbsObjects},
+        {"groups", summary.groups},
+        {"objects", summary.objects},
+        {"triangleMeshes", summary.triangleMeshes},
+        {"triangles", summary.triangles},
+        {"materials", summary.materials},
+        {"distinctMaterials", summary.distinctMaterials},
+        {"cameras", summary.cameras},
+        {"nurbsObjects", summary.nurbsObjects},
         {"animations", summary.animations},
     };
     writer.Key("summary");

@@ -2,10 +2,9 @@
 
 #include <cmath>
 #include <cstring>
-#include <utility>
-
 #include <gp_Mat.hxx>
 #include <gp_Quaternion.hxx>
+#include <utility>
 
 #include "scenetools/GltfJson.h"
 #include "scenetools/UpAxis.h"

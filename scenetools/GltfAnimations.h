@@ -3,9 +3,9 @@
 // the kernel's writer made (it writes none): one animation for each block,
 // with translation, rotation and scale samplers on the group's node, times
 // in seconds. The samples go at the end of the binary buffer.
-#include <string>
-
 #include <rapidjson/document.h>
+
+#include <string>
 
 #include "scenetools/SceneModel.h"
 

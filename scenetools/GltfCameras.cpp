@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-
 #include <gp_Mat.hxx>
 #include <gp_Quaternion.hxx>
 #include <gp_Vec.hxx>
@@ -21,9 +20,7 @@ gp_Vec turned(const Matrix& m, const std::array<double, 3>& v) {
                   v[0] * m[2] + v[1] * m[6] + v[2] * m[10]);
 }
 
-gp_Vec unitOr(gp_Vec v, const gp_Vec& fallback) {
-    return v.SquareMagnitude() > 1e-24 ? v.Normalized() : fallback;
-}
+gp_Vec unitOr(gp_Vec v, const gp_Vec& fallback) { return v.SquareMagnitude() > 1e-24 ? v.Normalized() : fallback; }
 
 double halfAngle(const Camera& camera) {
     const double fov = camera.fieldOfView > 1 && camera.fieldOfView < 179 ? camera.fieldOfView : 55;
@@ -94,13 +91,17 @@ void addCameras(rapidjson::Document& document, const Scene& scene) {
     if (scenes.Empty()) scenes.PushBack(rapidjson::Value(rapidjson::kObjectType), allocator);
     rapidjson::Value& cameras = document["cameras"];
     rapidjson::Value& nodes = document["nodes"];
-    rapidjson::Value& sceneNodes = member(scenes[document["scene"].GetUint()], "nodes", rapidjson::kArrayType, allocator);
+    rapidjson::Value& sceneNodes =
+        member(scenes[document["scene"].GetUint()], "nodes", rapidjson::kArrayType, allocator);
     for (const Camera& camera : scene.cameras) {
         const CameraPlacement place = placeCamera(scene, camera, bounds);
         rapidjson::Value node(rapidjson::kObjectType);
         node.AddMember("name", rapidjson::Value(camera.name.c_str(), allocator), allocator);
         node.AddMember("camera", cameras.Size(), allocator);
-        node.AddMember("rotation", numberArray({place.rotation[0], place.rotation[1], place.rotation[2], place.rotation[3]}, allocator), allocator);
+        node.AddMember(
+            "rotation",
+            numberArray({place.rotation[0], place.rotation[1], place.rotation[2], place.rotation[3]}, allocator),
+            allocator);
         node.AddMember("translation", numberArray({place.eye[0], place.eye[1], place.eye[2]}, allocator), allocator);
         cameras.PushBack(cameraJson(camera, place, allocator), allocator);
         sceneNodes.PushBack(nodes.Size(), allocator);

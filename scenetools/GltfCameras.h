@@ -10,8 +10,8 @@ namespace scenetools {
 struct CameraPlacement {
     std::array<double, 3> eye{};
     std::array<double, 4> rotation{0, 0, 0, 1};  // quaternion x y z w: local -Z looks, +Y is up
-    double distance = 1;  // from the eye to the model's centre
-    double radius = 1;    // of the sphere round the model's box
+    double distance = 1;                         // from the eye to the model's centre
+    double radius = 1;                           // of the sphere round the model's box
 };
 
 // Where a camera stands in metres with +Y up: looking along its direction

@@ -1,18 +1,18 @@
 #include "scenetools/GltfExport.h"
 
-#include <fstream>
-#include <sstream>
-#include <stdexcept>
-
-#include <Message_ProgressRange.hxx>
-#include <RWGltf_CafWriter.hxx>
-#include <Standard_Failure.hxx>
-#include <RWMesh_CoordinateSystemConverter.hxx>
-#include <TColStd_IndexedDataMapOfStringString.hxx>
-#include <TDocStd_Document.hxx>
 #include <rapidjson/document.h>
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
+
+#include <Message_ProgressRange.hxx>
+#include <RWGltf_CafWriter.hxx>
+#include <RWMesh_CoordinateSystemConverter.hxx>
+#include <Standard_Failure.hxx>
+#include <TColStd_IndexedDataMapOfStringString.hxx>
+#include <TDocStd_Document.hxx>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
 
 #include "scenetools/GlbContainer.h"
 #include "scenetools/GltfAnimations.h"
@@ -66,11 +66,11 @@ GltfCounts countsOf(const rapidjson::Document& document) {
     return counts;
 }
 
-
 rapidjson::Document parseJson(const std::string& json) {
     rapidjson::Document document;
     document.Parse(json.c_str(), json.size());
-    if (document.HasParseError() || !document.IsObject()) throw std::runtime_error("the written glTF JSON can't be read");
+    if (document.HasParseError() || !document.IsObject())
+        throw std::runtime_error("the written glTF JSON can't be read");
     return document;
 }
 
@@ -163,7 +163,8 @@ GltfCounts writeWithKernel(const Scene& scene, const std::filesystem::path& scen
 
 }  // namespace
 
-GltfCounts writeGltf(const Scene& scene, const std::filesystem::path& sceneFolder, const std::filesystem::path& output) {
+GltfCounts writeGltf(const Scene& scene, const std::filesystem::path& sceneFolder,
+                     const std::filesystem::path& output) {
     try {
         return writeWithKernel(scene, sceneFolder, output);
     } catch (const Standard_Failure& failure) {

@@ -1,8 +1,8 @@
 #pragma once
 // Small helpers for editing the glTF JSON with RapidJSON.
-#include <initializer_list>
-
 #include <rapidjson/document.h>
+
+#include <initializer_list>
 
 namespace scenetools {
 

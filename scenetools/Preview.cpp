@@ -1,10 +1,5 @@
 #include "scenetools/Preview.h"
 
-#include <cmath>
-#include <cstdlib>
-#include <limits>
-#include <stdexcept>
-
 #include <AIS_InteractiveContext.hxx>
 #include <Aspect_DisplayConnection.hxx>
 #include <Graphic3d_Camera.hxx>
@@ -20,7 +15,11 @@
 #include <XCAFDoc_ShapeTool.hxx>
 #include <XCAFPrs_AISObject.hxx>
 #include <Xw_Window.hxx>
+#include <cmath>
+#include <cstdlib>
 #include <gp_Quaternion.hxx>
+#include <limits>
+#include <stdexcept>
 
 #include "scenetools/GltfCameras.h"
 #include "scenetools/UpAxis.h"
@@ -74,16 +73,18 @@ gp_Trsf viewerTrsf(const Scene& scene) {
 Handle(Aspect_DisplayConnection) openDisplay() {
     const char* name = std::getenv("DISPLAY");
     if (!name || !*name) {
-        throw std::runtime_error("no X display to draw on (DISPLAY is not set): run under Xvfb, "
-                                 "for example xvfb-run -a vantrel-scene preview ...");
+        throw std::runtime_error(
+            "no X display to draw on (DISPLAY is not set): run under Xvfb, "
+            "for example xvfb-run -a vantrel-scene preview ...");
     }
     Handle(Aspect_DisplayConnection) display = new Aspect_DisplayConnection(TCollection_AsciiString(name));
-    if (display->GetDisplayAspect() == nullptr) throw std::runtime_error(std::string("can't open the X display ") + name);
+    if (display->GetDisplayAspect() == nullptr)
+        throw std::runtime_error(std::string("can't open the X display ") + name);
     return display;
 }
 
 // The pixel rectangle of the model's box in the view: X0 Y0 X1 Y1, Y down.
-std::string projectedBox(const Handle(V3d_View)& view, const Bounds& bounds) {
+std::string projectedBox(const Handle(V3d_View) & view, const Bounds& bounds) {
     double x0 = std::numeric_limits<double>::max(), y0 = x0, x1 = -x0, y1 = -x0;
     for (int corner = 0; corner < 8; ++corner) {
         Standard_Integer x = 0, y = 0;

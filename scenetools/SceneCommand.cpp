@@ -123,7 +123,8 @@ int runToGltf(const Arguments& arguments, std::ostream& out, std::ostream& err) 
         const GltfCounts counts = writeGltf(scene, folderOf(arguments.files[0]), output);
         const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
         out << "wrote " << output << ": " << counts.nodes << " nodes, " << counts.meshes << " meshes, "
-            << counts.materials << " materials, " << counts.cameras << " cameras, " << counts.animations << " animations";
+            << counts.materials << " materials, " << counts.cameras << " cameras, " << counts.animations
+            << " animations";
         if (scene.exactSurfaces) out << "; " << exactSurfacesNote(scene);
         out << " (" << seconds.count() << " s)\n";
     } catch (const std::exception& error) {
@@ -168,7 +169,8 @@ int runPreview(const Arguments& arguments, std::ostream& out, std::ostream& err)
     request.fit = arguments.has("--fit");
     try {
         const Scene scene = buildScene(scenereader::readSceneFile(arguments.files[0]));
-        out << "wrote " << request.output.string() << ": " << renderPreview(scene, folderOf(arguments.files[0]), request) << "\n";
+        out << "wrote " << request.output.string() << ": "
+            << renderPreview(scene, folderOf(arguments.files[0]), request) << "\n";
     } catch (const std::exception& error) {
         err << error.what() << "\n";
         return 1;

@@ -46,7 +46,8 @@ void addNode(const Node& node, size_t depth, std::string& text) {
         text += indent + "  object \"" + mesh.name + "\": " + counted(mesh.triangleCount(), "triangle", "triangles") +
                 ", " + describeMaterial(mesh.material) + "\n";
     }
-    if (node.exactSurfaces) text += indent + "  " + counted(node.exactSurfaces, "exact surface", "exact surfaces") + "\n";
+    if (node.exactSurfaces)
+        text += indent + "  " + counted(node.exactSurfaces, "exact surface", "exact surfaces") + "\n";
     if (node.animations) text += indent + "  " + counted(node.animations, "animation", "animations") + "\n";
     for (const Node& child : node.children) addNode(child, depth + 1, text);
 }

@@ -176,8 +176,8 @@ private:
         std::vector<std::string> problems;
         const scenereader::Animation animation = scenereader::readAnimation(block, problems);
         if (!problems.empty() || animation.matrices.empty()) return;
-        node.tracks.push_back(Track{animation.name, {animation.matrices.begin(), animation.matrices.end()},
-                                    animation.timestamps});
+        node.tracks.push_back(
+            Track{animation.name, {animation.matrices.begin(), animation.matrices.end()}, animation.timestamps});
     }
 
     void readOptions(const Block& options) {

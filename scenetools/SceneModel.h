@@ -29,7 +29,7 @@ struct Material {
 
 // One "triangles" object.
 struct Mesh {
-    std::string name;  // the object's name
+    std::string name;              // the object's name
     std::vector<float> vertices;   // x y z
     std::vector<float> normals;    // x y z per vertex, or empty
     std::vector<float> uvs;        // u v per vertex, or empty
@@ -48,7 +48,7 @@ struct Camera {
     std::array<double, 3> direction{0, 0, -1};
     std::array<double, 3> up{0, 1, 0};
     bool orthographic = false;
-    double fieldOfView = 55;  // degrees
+    double fieldOfView = 55;            // degrees
     Matrix transform = identityMatrix;  // its own "transform"
     Matrix world = identityMatrix;      // its transform and those of the groups around it
 };

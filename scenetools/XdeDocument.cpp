@@ -1,8 +1,5 @@
 #include "scenetools/XdeDocument.h"
 
-#include <map>
-#include <tuple>
-
 #include <BRep_Builder.hxx>
 #include <Image_Texture.hxx>
 #include <Poly_Triangulation.hxx>
@@ -17,6 +14,8 @@
 #include <XCAFDoc_VisMaterialPBR.hxx>
 #include <XCAFDoc_VisMaterialTool.hxx>
 #include <gp_Trsf.hxx>
+#include <map>
+#include <tuple>
 
 namespace scenetools {
 
@@ -40,7 +39,10 @@ std::vector<float> normalsOfTriangles(const Mesh& mesh) {
     }
     for (size_t v = 0; v < mesh.vertexCount(); ++v) {
         gp_Vec3f n = vectorAt(normals, v);
-        if (n.SquareModulus() > 0) n.Normalize(); else n = gp_Vec3f(0, 0, 1);
+        if (n.SquareModulus() > 0)
+            n.Normalize();
+        else
+            n = gp_Vec3f(0, 0, 1);
         for (int i = 0; i < 3; ++i) normals[3 * v + i] = n[i];
     }
     return normals;
@@ -59,7 +61,7 @@ gp_Trsf toTrsf(const Matrix& m) {
 
 class DocumentBuilder {
 public:
-    DocumentBuilder(const Handle(TDocStd_Document)& document, std::filesystem::path sceneFolder)
+    DocumentBuilder(const Handle(TDocStd_Document) & document, std::filesystem::path sceneFolder)
         : shapes_(XCAFDoc_DocumentTool::ShapeTool(document->Main())),
           materials_(XCAFDoc_DocumentTool::VisMaterialTool(document->Main())),
           sceneFolder_(std::move(sceneFolder)) {}
@@ -89,7 +91,8 @@ private:
     }
 
     void place(const TDF_Label& shape, const TDF_Label& parent, const std::string& name, const Matrix& transform) {
-        const TopLoc_Location location = transform == identityMatrix ? TopLoc_Location() : TopLoc_Location(toTrsf(transform));
+        const TopLoc_Location location =
+            transform == identityMatrix ? TopLoc_Location() : TopLoc_Location(toTrsf(transform));
         if (parent.IsNull()) {
             // A free shape carries its placement on a one-component assembly.
             if (location.IsIdentity()) return;
@@ -108,7 +111,7 @@ private:
         Handle(XCAFDoc_VisMaterial) visMaterial = new XCAFDoc_VisMaterial();
         XCAFDoc_VisMaterialPBR pbr;
         pbr.BaseColor = Quantity_ColorRGBA(material.diffuse[0], material.diffuse[1], material.diffuse[2], 1.0f);
-        pbr.Metallic = 0.0f;   // the scene's surfaces are diffuse, not metal
+        pbr.Metallic = 0.0f;  // the scene's surfaces are diffuse, not metal
         pbr.Roughness = 1.0f;
         if (!image.empty()) pbr.BaseColorTexture = new Image_Texture(TCollection_AsciiString(image.string().c_str()));
         visMaterial->SetPbrMaterial(pbr);
@@ -147,9 +150,9 @@ TopoDS_Face makeMeshFace(const Mesh& mesh) {
         if (hasUvs) triangulation->SetUVNode(node, gp_Pnt2d(mesh.uvs[2 * v], mesh.uvs[2 * v + 1]));
     }
     for (size_t t = 0; t < mesh.triangleCount(); ++t) {
-        triangulation->SetTriangle(static_cast<int>(t) + 1,
-                                   Poly_Triangle(mesh.indices[3 * t] + 1, mesh.indices[3 * t + 1] + 1,
-                                                 mesh.indices[3 * t + 2] + 1));
+        triangulation->SetTriangle(
+            static_cast<int>(t) + 1,
+            Poly_Triangle(mesh.indices[3 * t] + 1, mesh.indices[3 * t + 1] + 1, mesh.indices[3 * t + 2] + 1));
     }
     TopoDS_Face face;
     BRep_Builder().MakeFace(face, triangulation);

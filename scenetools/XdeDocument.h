@@ -5,9 +5,8 @@
 // triangulation with its normals and texture coordinates, each material a
 // PBR material with the diffuse colour and, if its image is found, the
 // texture. Coordinates stay in the scene's units and axes.
-#include <filesystem>
-
 #include <Standard_Handle.hxx>
+#include <filesystem>
 
 #include "scenetools/SceneModel.h"
 

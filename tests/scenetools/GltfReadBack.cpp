@@ -28,7 +28,7 @@ std::string nameOf(const TDF_Label& label) {
 
 class Walker {
 public:
-    explicit Walker(const Handle(TDocStd_Document)& document)
+    explicit Walker(const Handle(TDocStd_Document) & document)
         : shapes_(XCAFDoc_DocumentTool::ShapeTool(document->Main())),
           materials_(XCAFDoc_DocumentTool::VisMaterialTool(document->Main())) {}
 
@@ -42,8 +42,8 @@ public:
             for (const TDF_Label& component : components) {
                 TDF_Label referred;
                 XCAFDoc_ShapeTool::GetReferredShape(component, referred);
-                walk(referred, nameOf(component), location * XCAFDoc_ShapeTool::GetLocation(component), depth + 1,
-                     path, result);
+                walk(referred, nameOf(component), location * XCAFDoc_ShapeTool::GetLocation(component), depth + 1, path,
+                     result);
             }
             return;
         }

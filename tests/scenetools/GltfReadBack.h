@@ -18,7 +18,7 @@ struct ReadMesh {
 };
 
 struct ReadGltf {
-    std::string tree;  // a line each node, two spaces a level
+    std::string tree;              // a line each node, two spaces a level
     std::vector<ReadMesh> meshes;  // depth first, in file order
 };
 

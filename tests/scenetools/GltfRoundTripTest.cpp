@@ -2,16 +2,15 @@
 // node tree, the triangles, the positions in metres with +Y up and the
 // material colours must be those of the scene.
 #include <gtest/gtest.h>
-
-#include <cmath>
-#include <cstring>
-#include <map>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
+#include <rapidjson/document.h>
 
 #include <Image_AlienPixMap.hxx>
-#include <rapidjson/document.h>
+#include <cmath>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <sstream>
 
 #include "scenereader/SceneReader.h"
 #include "scenetools/GlbContainer.h"
@@ -30,18 +29,24 @@ std::string twoPartScene(const std::string& texture) {
     return SceneBytes()
         .text("version 7\nload \"nvxrtopt.so\" {\n\"import_up_vector\" 2,\n\"meter_scale\" 100,\n}\n")
         .text("group \"asm\" {\nflags 32768\ngroup \"left\" {\nflags 1024\nobject \"plate\" {\n")
-        .text("geometry \"triangles\" {\n\"vertices\" [ ").floats('c', {0, 0, 0, 100, 0, 0, 0, 200, 0})
-        .text("] ,\n\"triangles\" [ ").ints({0, 1, 2})
+        .text("geometry \"triangles\" {\n\"vertices\" [ ")
+        .floats('c', {0, 0, 0, 100, 0, 0, 0, 200, 0})
+        .text("] ,\n\"triangles\" [ ")
+        .ints({0, 1, 2})
         .text("] ,\n}\nmaterial \"red\" {\nsurface \"nvx_diffuse\" {\n\"diffuse\" 1 0 0,\n}\n}\n}\n")
         .text("transform 1 0 0 0 0 1 0 0 0 0 1 0 0 0 50 1\n}\n")
         .text("group \"right\" {\nflags 1024\nobject \"tile\" {\ngeometry \"triangles\" {\n\"vertices\" [ ")
         .floats('c', {0, 0, 0, 100, 0, 0, 100, 100, 0, 0, 100, 0})
-        .text("] ,\n\"normals\" [ ").floats('c', {0, 0, 1, 0, 0, 1, 0, 0, 1, 0, 0, 1})
-        .text("] ,\n\"uv_tex\" [ ").floats('f', {0, 0, 1, 0, 1, 1, 0, 1})
-        .text("] ,\n\"triangles\" [ ").ints({0, 1, 2, 0, 2, 3})
+        .text("] ,\n\"normals\" [ ")
+        .floats('c', {0, 0, 1, 0, 0, 1, 0, 0, 1, 0, 0, 1})
+        .text("] ,\n\"uv_tex\" [ ")
+        .floats('f', {0, 0, 1, 0, 1, 1, 0, 1})
+        .text("] ,\n\"triangles\" [ ")
+        .ints({0, 1, 2, 0, 2, 3})
         .text("] ,\n}\nmaterial \"wood\" {\nsurface \"nvx_advanced\" {\n\"diffuse\" 0.6 0.4 0.2,\n")
         .text("\"diffuse\" ! \"texture_rgb\" {\n\"project\" 3,\n\"wrap\" on,\n\"default_color\" 0 0 0,\n\"texture\" \"")
-        .text(texture).text("\",\n},\n}\n}\n}\n")
+        .text(texture)
+        .text("\",\n},\n}\n}\n}\n")
         .text("transform 0 1 0 0 -1 0 0 0 0 0 1 0 300 0 0 1\n}\n}\n")
         .str();
 }
@@ -119,9 +124,13 @@ TEST_P(GltfRoundTrip, ExactSurfacesAreLeftOutWithANoteAndCamerasBecomeGltfCamera
         SceneBytes()
             .text("group \"m\" {\ncamera \"TOP\" {\nposition 0 0 2000\ndirection 0 0 -1\nup 0 1 0\n")
             .text("projection \"orthographic\"\ntransform 1 0 0 0 0 0 -1 0 0 1 0 0 0 0 0 1\n}\n")
-            .text("group \"p\" {\nobject \"p\" {\ngeometry \"nurbs\" {\n}\n}\nobject \"p\" {\ngeometry \"triangles\" {\n")
-            .text("\"vertices\" [ ").floats('c', {0, 0, 0, 1, 0, 0, 0, 1, 0}).text("] ,\n\"triangles\" [ ")
-            .ints({0, 1, 2}).text("] ,\n}\n}\n}\n}\n")
+            .text(
+                "group \"p\" {\nobject \"p\" {\ngeometry \"nurbs\" {\n}\n}\nobject \"p\" {\ngeometry \"triangles\" {\n")
+            .text("\"vertices\" [ ")
+            .floats('c', {0, 0, 0, 1, 0, 0, 0, 1, 0})
+            .text("] ,\n\"triangles\" [ ")
+            .ints({0, 1, 2})
+            .text("] ,\n}\n}\n}\n}\n")
             .str());
     EXPECT_EQ(read.tree, "m\n  p\n    p\n");
     rapidjson::Document document;
@@ -149,7 +158,8 @@ std::vector<float> accessorFloats(const rapidjson::Document& document, const std
     const auto& accessor = document["accessors"][index];
     const auto& view = document["bufferViews"][accessor["bufferView"].GetUint()];
     const size_t width = std::string(accessor["type"].GetString()) == "SCALAR" ? 1
-                         : std::string(accessor["type"].GetString()) == "VEC3" ? 3 : 4;
+                         : std::string(accessor["type"].GetString()) == "VEC3" ? 3
+                                                                               : 4;
     std::vector<float> values(accessor["count"].GetUint() * width);
     const size_t offset = view["byteOffset"].GetUint() + accessor["byteOffset"].GetUint();
     EXPECT_LE(offset + values.size() * sizeof(float), bin.size());
@@ -166,7 +176,9 @@ TEST_P(GltfRoundTrip, AnimationBlockBecomesTranslationRotationAndScaleSamplersIn
         SceneBytes()
             .text("version 7\nload \"nvxrtopt.so\" {\n\"import_up_vector\" 2,\n\"meter_scale\" 100,\n}\n")
             .text("group \"asm\" {\ngroup \"arm\" {\nobject \"arm\" {\ngeometry \"triangles\" {\n\"vertices\" [ ")
-            .floats('c', {0, 0, 0, 1, 0, 0, 0, 1, 0}).text("] ,\n\"triangles\" [ ").ints({0, 1, 2})
+            .floats('c', {0, 0, 0, 1, 0, 0, 0, 1, 0})
+            .text("] ,\n\"triangles\" [ ")
+            .ints({0, 1, 2})
             .text("] ,\n}\n}\nanimation \"fbx_animation\" \"arm\" {\n\"start_time\" 0,\n\"duration\" 0.08,\n")
             .text("\"folder\" \"Creo animation\",\n\"matrices\" [\n1 0 0 0 0 1 0 0 0 0 1 0 0 0 0 1, ")
             .text("0 1 0 0 -1 0 0 0 0 0 1 0 100 0 0 1 ],\n\"timestamps\" [\n0, 40 ],\n}\n")

@@ -3,22 +3,19 @@
 // seen, spread over the rectangle where its box falls, on a plain
 // background elsewhere.
 #include <gtest/gtest.h>
+#include <unistd.h>
 
+#include <Image_AlienPixMap.hxx>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
-#include <unistd.h>
-
-#include <Image_AlienPixMap.hxx>
 
 #include "scenetools/Preview.h"
 
 namespace {
 
-std::filesystem::path sharedModels() {
-    return std::filesystem::path(VANTREL_SOURCE_DIR) / ".." / "shared" / "models";
-}
+std::filesystem::path sharedModels() { return std::filesystem::path(VANTREL_SOURCE_DIR) / ".." / "shared" / "models"; }
 
 std::string quote(const std::filesystem::path& path) { return "'" + path.string() + "'"; }
 
