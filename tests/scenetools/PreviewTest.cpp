@@ -37,7 +37,8 @@ protected:
         if (std::system("command -v xvfb-run >/dev/null 2>&1") != 0) {
             GTEST_SKIP() << "no X display and no xvfb-run: the preview can't be drawn here (install xvfb)";
         }
-        prefix_ += "xvfb-run -a -s '-screen 0 1280x1024x24' ";
+        // Tests run side by side: each looks for a free display from its own number.
+        prefix_ += "xvfb-run -a -n " + std::to_string(100 + ::getpid() % 800) + " -s '-screen 0 1280x1024x24' ";
     }
     void TearDown() override { std::filesystem::remove_all(folder_); }
 
