@@ -127,13 +127,15 @@ long long Animation::impliedFrames() const {
     return std::llround(duration * animationFramesPerSecond);
 }
 
+Animation readAnimation(const Block& block, std::vector<std::string>& problems) {
+    Animation animation;
+    AnimationReader{animation, problems}.read(block);
+    return animation;
+}
+
 std::vector<Animation> readAnimations(const Block& block, std::vector<std::string>& problems) {
     std::vector<Animation> animations;
-    for (const Block* found : block.descendants("animation")) {
-        Animation animation;
-        AnimationReader{animation, problems}.read(*found);
-        animations.push_back(std::move(animation));
-    }
+    for (const Block* found : block.descendants("animation")) animations.push_back(readAnimation(*found, problems));
     return animations;
 }
 

@@ -32,6 +32,9 @@ struct Animation {
     long long impliedFrames() const;
 };
 
+// One animation block; problems as below.
+Animation readAnimation(const Block& block, std::vector<std::string>& problems);
+
 // Every animation block below `block`, at any depth, in file order. A
 // statement of the wrong shape is left out of the result and reported in
 // `problems`, one sentence each.

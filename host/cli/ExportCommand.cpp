@@ -33,6 +33,7 @@ int runExport(const Invocation& invocation) {
     std::cout << "exported " << request.model.string() << " to " << report.output.string() << "\n"
               << describeReport(report) << "\n";
     if (report.surfaces == 0) std::cout << "the model holds meshes only: --quality has no effect on it\n";
+    if (report.placed) std::cout << "preview: vantrel-scene preview " << report.output.string() << " -o PICTURE.png\n";
     if (!report.placed) {
         for (const std::string& problem : report.sceneProblems) std::cerr << "vantrel-host: scene: " << problem << "\n";
         std::cerr << "vantrel-host: the scene is not sound: " << report.output.string() << " is left as it was\n";

@@ -33,6 +33,7 @@ const std::vector<Layer> layers = {
     {"plugin/shell/", {"export/", "animation/", "plugin/core/", "importers/sceneapi/", "toolkit/", "platform/"}},
     {"scenereader/", {"importers/sceneapi/", "platform/"}},
     {"host/", {"scenereader/", "importers/sceneapi/", "toolkit/", "platform/"}},
+    {"scenetools/", {"scenereader/", "importers/sceneapi/", "platform/"}},
 };
 
 const Layer* layerOf(const std::string& path) {

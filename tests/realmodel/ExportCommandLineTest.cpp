@@ -144,7 +144,9 @@ TEST(ExportCommandLine, KernelMessagesGoToStandardErrorOnlyWhenAReadFails) {
     const ProgramRun done = run(folder, "export '" + model + "' -o '" + folder.file("s.vnz") + "'");
     ASSERT_EQ(done.exitCode, 0) << done.err;
     EXPECT_TRUE(done.out.starts_with("exported ")) << done.out;
-    EXPECT_EQ(std::count(done.out.begin(), done.out.end(), '\n'), 2) << done.out;
+    EXPECT_EQ(std::count(done.out.begin(), done.out.end(), '\n'), 3) << done.out;
+    EXPECT_NE(done.out.find("\npreview: vantrel-scene preview " + folder.file("s.vnz") + " -o PICTURE.png\n"),
+              std::string::npos) << done.out;
     EXPECT_EQ(done.err, "");
 
     // A refused first tessellation is met by the plug-in's retries: the same scene.

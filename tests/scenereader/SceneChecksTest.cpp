@@ -1,11 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <limits>
 #include <sstream>
 
-#include "scenereader/SceneCheckTool.h"
 #include "scenereader/SceneChecks.h"
 #include "scenereader/SceneReader.h"
 #include "tests/scenereader/SceneBytes.h"
@@ -90,48 +87,12 @@ TEST(SceneSummary, CountsBlocksAndTriangles) {
                                                      "3 materials (2 distinct), 1 camera, 1 NURBS object");
 }
 
-class SceneCheckTool : public testing::Test {
-protected:
-    void SetUp() override { std::filesystem::create_directories(directory_); }
-    void TearDown() override { std::filesystem::remove_all(directory_); }
-
-    std::string write(const std::string& name, const std::string& bytes) {
-        std::string path = (directory_ / name).string();
-        std::ofstream(path, std::ios::binary) << bytes;
-        return path;
-    }
-    int run(const std::vector<std::string>& files) { return scenereader::runSceneCheck(files, out_, err_); }
-
-    std::filesystem::path directory_ = std::filesystem::temp_directory_path() / "vantrel_scene_check_test";
-    std::ostringstream out_;
-    std::ostringstream err_;
-};
-
-TEST_F(SceneCheckTool, PrintsSummaryAndFailsOnParseErrorsAndFailedChecks) {
-    std::string good = write("good.vnz", triangleObject("a", {0, 1, 2}, threeNormals).str());
-    EXPECT_EQ(run({good}), 0);
-    EXPECT_EQ(out_.str(), good + ": 0 groups, 1 object, 1 triangle mesh with 1 triangle, 0 materials, "
-                                 "0 cameras, 0 NURBS objects\n");
-    EXPECT_EQ(err_.str(), "");
-
-    std::string broken = write("broken.vnz", "version 7\ngroup \"g\" {\n");
-    std::string failing = write("failing.vnz", triangleObject("a", {0, 1, 3}, threeNormals).str());
-    EXPECT_EQ(run({broken, good, failing, (directory_ / "missing.vnz").string()}), 1);
-    EXPECT_NE(err_.str().find(broken + ": line 3, byte 22: expected \"}\" to close group \"g\""), std::string::npos);
-    EXPECT_NE(err_.str().find(failing + ": object \"a\""), std::string::npos);
-    EXPECT_NE(err_.str().find("could not open the scene file \"" + directory_.string() + "/missing.vnz\""),
-              std::string::npos);
-    EXPECT_EQ(run({}), 2);
-}
-
-TEST_F(SceneCheckTool, ListsTheTreeAndItsUsageWhenAsked) {
-    std::string scene = write("tree.vnz", SceneBytes()
+TEST(SceneTree, ListsGroupsObjectsMeshesMaterialsAndCameras) {
+    const std::string scene = SceneBytes()
         .text("group \"asm\" {\ncamera \"v\" {\nfov 60\n}\ngroup \"part\" {\n")
         .text(triangleObject("a", {0, 1, 2, 2, 1, 0}, threeNormals).str())
-        .text("object \"b\" {\ngeometry \"nurbs\" {\n}\nmaterial \"m\" {\n}\n}\n}\n}\n").str());
-    EXPECT_EQ(run({"--tree", scene}), 0) << err_.str();
-    const std::string listing = out_.str();
-    EXPECT_EQ(listing.substr(listing.find('\n') + 1),
+        .text("object \"b\" {\ngeometry \"nurbs\" {\n}\nmaterial \"m\" {\n}\n}\n}\n}\n").str();
+    EXPECT_EQ(scenereader::describeTree(scenereader::parseScene(scene)),
               "group \"asm\"\n"
               "  camera \"v\"\n"
               "  group \"part\"\n"
@@ -140,10 +101,6 @@ TEST_F(SceneCheckTool, ListsTheTreeAndItsUsageWhenAsked) {
               "    object \"b\"\n"
               "      NURBS\n"
               "      material \"m\"\n");
-    out_.str("");
-    EXPECT_EQ(run({"--help"}), 0);
-    EXPECT_TRUE(out_.str().starts_with("usage: vantrel-scene-check [--tree] FILE...\n")) << out_.str();
-    EXPECT_EQ(run({"--bogus", scene}), 2);
 }
 
 }  // namespace
