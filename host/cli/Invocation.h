@@ -4,9 +4,11 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "host/realmodel/ExportSettings.h"
+#include "host/realmodel/MotionRecording.h"
 
 namespace host::cli {
 
@@ -15,6 +17,12 @@ struct Invocation {
     std::optional<std::filesystem::path> workdir;
     std::optional<std::filesystem::path> output;
     realmodel::ExportSettings settings;
+    MotionDescription motion;  // motion: the moves in the order given
+    // press: the model opened first, whether each dialog that opens is
+    // drawn, and the buttons pressed in them, as {dialog, button} in order.
+    std::optional<std::filesystem::path> model;
+    bool show = false;
+    std::vector<std::pair<std::string, std::string>> clicks;
     std::vector<std::string> operands;
 };
 
