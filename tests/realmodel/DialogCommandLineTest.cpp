@@ -125,6 +125,32 @@ TEST(DialogCommandLine, ATruncatedOrWordlessMotionFileNeverHangsTheHost) {
     }
 }
 
+TEST(DialogCommandLine, BadMotionsAreNamedWithANonZeroExit_bad_) {
+    ScratchFolder folder;
+    const fs::path model = writeSample(folder);
+    const struct {
+        std::string arguments;
+        int exitCode;
+        std::string message;
+    } cases[] = {
+        {"motion m.step -o x.fra --axis z", 2, "--axis follows a --rotate"},
+        {"motion m.step -o x.fra --translate 4 --degrees 9", 2, "--degrees follows a --rotate"},
+        {"motion m.step -o x.fra --rotate '4 x' --degrees 9", 2, "--rotate needs component ids separated by blanks"},
+        {"motion m.step -o x.fra --translate 4 --by 1,2", 2, "--by needs three numbers X,Y,Z, not \"1,2\""},
+        {"motion m.step -o x.fra --rotate 4 --axis w --degrees 9", 2, "--axis needs x, y or z"},
+        {"motion m.step -o x.fra --rotate 4 --degrees 9 --frames 0", 2, "--frames needs a whole number"},
+        {"motion m.step --rotate 4 --degrees 9", 2, "motion needs -o MOTION.fra"},
+        {"motion m.step -o x.fra --rotate 4", 2, "each --rotate needs its --degrees"},
+        {"motion " + quoted(model) + " -o x.fra --rotate '99 98' --degrees 9", 1, "\"99 98\" is no component path"},
+        {"press 'Vantrel Plugin Settings' --click Vantrel_Cancel", 2, "--click needs DIALOG/BUTTON"},
+    };
+    for (const auto& c : cases) {
+        const ProgramRun run = runHost(folder, c.arguments);
+        EXPECT_EQ(run.exitCode, c.exitCode) << c.arguments << "\n" << run.err;
+        EXPECT_NE(run.err.find(c.message), std::string::npos) << c.arguments << "\n" << run.err;
+    }
+}
+
 // The ids of a component path as `components` lists them: "41 7\tframe/bolt".
 std::vector<std::vector<int>> pathsListed(const std::string& listing) {
     std::vector<std::vector<int>> paths;
