@@ -123,7 +123,7 @@ void acceptAnimationDialog(char*, char*, void* data) {
         readFraFile(plugin.settings.fraPath, plugin.animationFrames, plugin.animationFrameCount);
         saveSettings(plugin);
         ProUIDialogExit(dialogName, 0);
-        ProWstringFree(text);
+        if (text) ProWstringFree(text);
     });
 }
 
