@@ -96,6 +96,13 @@ RunEnd runScene(VantrelPlugin& plugin, ExportRoad road) {
     return RunEnd::Finished;
 }
 
+// With promptForMechanism set, the animation dialog comes before the run;
+// cancelling it cancels the run.
+bool animationAccepted(VantrelPlugin& plugin) {
+    if (!plugin.settings.promptForMechanism || !plugin.animationPrompt) return true;
+    return plugin.animationPrompt(plugin);
+}
+
 }  // namespace
 
 void exportModel(RunContext& run, ProMdl model, int mode, ComponentVisitData& visitData, const std::string& name) {
@@ -133,12 +140,14 @@ void exportModel(RunContext& run, ProMdl model, int mode, ComponentVisitData& vi
 }
 
 void exportToFile(VantrelPlugin& plugin) {
+    if (!animationAccepted(plugin)) return;
     if (plugin.settings.exportPath.empty()) return;
     runScene(plugin, ExportRoad::File);
 }
 
 void renderLive(VantrelPlugin& plugin) {
     plugin.animationFrames.clear();
+    if (!animationAccepted(plugin)) return;
     if (plugin.renderToFile) {
         exportToFile(plugin);
         return;
@@ -147,6 +156,7 @@ void renderLive(VantrelPlugin& plugin) {
 }
 
 void updateLive(VantrelPlugin& plugin) {
+    if (!animationAccepted(plugin)) return;
     plugin.updateRun = true;
     if (runScene(plugin, ExportRoad::Update) == RunEnd::RepresentationCancelled) return;
     plugin.updateRun = false;

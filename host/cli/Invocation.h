@@ -4,11 +4,13 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "host/FaultPlan.h"
 #include "host/cad/CadLoader.h"
 #include "host/realmodel/ExportSettings.h"
+#include "host/realmodel/MotionRecording.h"
 
 namespace host::cli {
 
@@ -19,6 +21,12 @@ struct Invocation {
     realmodel::ExportSettings settings;
     cad::LoadOptions loading;
     std::vector<Fault> faults;  // host operations told to fail, for trials of the plug-in
+    MotionDescription motion;  // motion: the moves in the order given
+    // press: the model opened first, whether each dialog that opens is
+    // drawn, and the buttons pressed in them, as {dialog, button} in order.
+    std::optional<std::filesystem::path> model;
+    bool show = false;
+    std::vector<std::pair<std::string, std::string>> clicks;
     std::vector<std::string> operands;
 };
 

@@ -9,14 +9,24 @@ const Subcommand table[] = {
     {"commands", "[--plugin PATH] [--workdir DIR] commands",
      "lists the registered commands with their labels, help\ntexts and icons, and whether each icon file was found",
      "--plugin --workdir", "", runCommands},
-    {"press", "[--plugin PATH] [--workdir DIR] press \"COMMAND NAME\"",
-     "runs the command's action, then lists every command's icon", "--plugin --workdir --fail", "a command name",
-     runPress},
+    {"press", "[--plugin PATH] [--workdir DIR] press \"COMMAND NAME\" [--model MODEL] [--show] [--click D/B]...",
+     "runs the command's action on the model given, if any,\npressing the buttons given in its dialogs (and drawing\n"
+     "each dialog that opens with --show), then lists every\ncommand's icon",
+     "--plugin --workdir --model --show --click --fail", "a command name", runPress},
     {"export", "[options] export MODEL -o OUT.vnz",
-     "opens the model file (STEP, IGES, BREP, STL or OBJ), presses\n\"Vantrel Plugin Export\", saves the scene as "
-     "OUT.vnz and\nprints a summary of the scene read back from the file",
-     "--output --quality --up --no-nurbs --no-separate-materials --assembly-materials --codepage --fail --plugin --workdir",
+     "opens the model file (STEP, IGES, BREP, STL or OBJ), sets\nthe options in the plug-in's settings dialog, presses\n"
+     "\"Vantrel Plugin Export\", saves the scene as OUT.vnz and\nprints a summary of the scene read back from the file",
+     "--output --quality --up --no-nurbs --no-separate-materials --assembly-materials --animation --codepage --fail "
+     "--plugin --workdir",
      "a model file", runExport},
+    {"components", "components MODEL",
+     "lists every component path of the assembly: the ids from\nthe top down, a tab, and the names of the models", "",
+     "a model file", runComponents},
+    {"motion", "motion MODEL -o MOTION.fra [--frames N] MOVE...",
+     "records moves of components as the CAD host's mechanism\nwrites a motion file; each move runs from nothing at "
+     "the\nfirst frame to all of it at the last. A MOVE is\n--rotate IDS [--axis A] --degrees D or\n"
+     "--translate IDS --by X,Y,Z", "--output --rotate --axis --degrees --translate --by --frames", "a model file",
+     runMotion},
     {"sample", "sample OUT.step", "writes the bundled sample model (and its mesh part beside it)", "", "OUT.step",
      runSample},
 };

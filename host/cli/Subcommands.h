@@ -33,5 +33,7 @@ int runCommands(const Invocation& invocation);
 int runPress(const Invocation& invocation);
 int runExport(const Invocation& invocation);
 int runSample(const Invocation& invocation);
+int runComponents(const Invocation& invocation);
+int runMotion(const Invocation& invocation);
 
 }  // namespace host::cli

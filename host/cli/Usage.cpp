@@ -39,16 +39,17 @@ std::string usageText() {
     text += "       vantrel-host --help | --version\n\n"
             "Loads the plug-in into a headless host session and starts it as the CAD\n"
             "host would, then:\n";
-    for (const Subcommand& subcommand : subcommands()) addEntry(text, std::string(subcommand.name), subcommand.help, 10);
+    for (const Subcommand& subcommand : subcommands()) addEntry(text, std::string(subcommand.name), subcommand.help, 12);
     text += "\noptions (--option VALUE or --option=VALUE):\n";
     for (const Option& option : options()) addEntry(text, optionLabel(option), option.help, 26);
     addEntry(text, "--help", "shows this text", 26);
     addEntry(text, "--version", "shows the program's version", 26);
     text += "\n"
-            "Exits with 1 when the model can't be read or holds no geometry, the plug-in\n"
-            "can't be loaded or started, the command is unknown, the plug-in asked the\n"
-            "host for something it couldn't give, or the written scene is not sound;\n"
-            "with 2 on a usage error.\n";
+            "Exits with 1 when the model or the motion file can't be read, the model\n"
+            "holds no geometry, the plug-in can't be loaded or started, the command is\n"
+            "unknown, the plug-in asked the host for something it couldn't give (or\n"
+            "never asked for an answer given), or the written scene is not sound; with\n"
+            "2 on a usage error.\n";
     return text;
 }
 

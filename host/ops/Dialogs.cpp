@@ -52,6 +52,13 @@ ProError ops::ProUILabelUnattachLeft(Session& session, const char* dialog, const
     });
 }
 
+ProError ops::ProUILabelUnattachRight(Session& session, const char* dialog, const char* label) {
+    return onComponent(session, "ProUILabelUnattachRight", dialog, label, ComponentKind::Label, [](auto& c, auto&) {
+        c.unattachedRight = true;
+        return PRO_TK_NO_ERROR;
+    });
+}
+
 ProError ops::ProUIDialogPushbuttonAdd(Session& session, const char* dialog, const char* button, ProUIGridopts* grid) {
     return addComponent(session, "ProUIDialogPushbuttonAdd", dialog, nullptr, button, ComponentKind::PushButton, grid);
 }

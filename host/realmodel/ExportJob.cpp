@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <cstdio>
+#include <fstream>
 #include <memory>
 #include <sstream>
 #include <system_error>
@@ -52,8 +53,10 @@ std::string joined(const std::vector<std::string>& messages) {
     return text;
 }
 
-// Presses the export command as the user would, answering its file dialog
-// with `output` and its finish dialog with OK.
+// Sets the settings in the plug-in's settings dialog and presses its OK,
+// then presses the export command as the user would, answering its file
+// dialog with `output`, the animation dialog with the motion file, if any,
+// and the finish dialog with OK.
 void pressExport(const ExportRequest& request, const std::shared_ptr<const cad::CadModel>& model,
                  const std::filesystem::path& output, ExportReport& report) {
     Session session;
@@ -62,7 +65,10 @@ void pressExport(const ExportRequest& request, const std::shared_ptr<const cad::
     LoadedModel loaded = openInSession(session, model);
     report.surfaces = loaded.models.surfaceOccurrences;
     if (request.progress) loaded.progress->setObserver(request.progress);
+    scriptSettingsDialog(session.script(), request.settings);
+    host.press(settingsCommand);
     session.script().chooseFile(output.u16string());
+    scriptAnimationDialog(session.script(), request.settings);
     session.script().pressButton(finishDialog, finishButton);
     const auto start = Clock::now();
     host.press(exportCommand);
@@ -75,6 +81,7 @@ void pressExport(const ExportRequest& request, const std::shared_ptr<const cad::
                                            outline.max[2] - outline.min[2]);
         if (diagonal > 0.0) report.relativeChordHeight = report.chordHeight / diagonal;
     }
+    if (!session.script().finished()) session.errors().add("the plug-in left some of the user's answers unasked for");
     if (!session.errors().empty()) {
         throw ExportError("the export of \"" + request.model.string() + "\" went wrong: " +
                           joined(session.errors().messages()));
@@ -90,6 +97,18 @@ void refuseModelAsOutput(const ExportRequest& request) {
     }
 }
 
+// The plug-in reads the motion file in its own working directory, and passes
+// over one that it can't open without a word: the path is made absolute, and
+// a file that can't be read is refused before the model is read.
+ExportRequest withReadableAnimation(const ExportRequest& request) {
+    ExportRequest checked = request;
+    if (request.settings.animation.empty()) return checked;
+    checked.settings.animation = std::filesystem::absolute(request.settings.animation);
+    std::ifstream file(checked.settings.animation);
+    if (!file) throw ExportError("can't read the motion file \"" + request.settings.animation.string() + "\"");
+    return checked;
+}
+
 // The plug-in writes the temporary file; the scene is read back from it and
 // put in place only when it is sound.
 ExportReport exportThrough(const ExportRequest& request, const std::shared_ptr<const cad::CadModel>& model,
@@ -99,7 +118,6 @@ ExportReport exportThrough(const ExportRequest& request, const std::shared_ptr<c
     report.nameCodePage = model->nameCodePage;
     {
         WorkingDirectory workdir(request.workdir);
-        writeSettingsFile(std::filesystem::current_path(), request.settings);
         pressExport(request, model, output.path(), report);
         // The plug-in keeps the name it was given as its next default: the target's.
         replaceExportPath(std::filesystem::current_path(), output.path(), output.target());
@@ -128,21 +146,23 @@ ExportReport exportThrough(const ExportRequest& request, const std::shared_ptr<c
 
 ExportReport runExport(const ExportRequest& request) {
     refuseModelAsOutput(request);
+    const ExportRequest checked = withReadableAnimation(request);
     TemporaryOutput output(std::filesystem::absolute(request.output));
     const auto start = Clock::now();
     auto model = std::make_shared<const cad::CadModel>(
         cad::loadCadModel(std::filesystem::absolute(request.model).string(), request.loading));
     const auto loading = Clock::now() - start;
     if (request.modelRead) request.modelRead();
-    ExportReport report = exportThrough(request, model, output);
+    ExportReport report = exportThrough(checked, model, output);
     report.times.loading = loading;
     return report;
 }
 
 ExportReport runExport(const ExportRequest& request, std::shared_ptr<const cad::CadModel> model) {
     refuseModelAsOutput(request);
+    const ExportRequest checked = withReadableAnimation(request);
     TemporaryOutput output(std::filesystem::absolute(request.output));
-    return exportThrough(request, model, output);
+    return exportThrough(checked, model, output);
 }
 
 std::string describeReport(const ExportReport& report) {

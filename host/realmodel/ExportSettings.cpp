@@ -6,19 +6,14 @@
 #include <cstdio>
 #include <string_view>
 
-#include "host/HostError.h"
-
 namespace host::realmodel {
 
 namespace {
 
-void addSetting(TiXmlElement& root, const char* name, const char* text) {
-    auto* element = new TiXmlElement(name);
-    element->LinkEndChild(new TiXmlText(text));
-    root.LinkEndChild(element);
-}
+// The radio names of the dialog's up axes, by index of upAxis.
+constexpr std::array<const char*, 6> axisNames{"xaxis", "yaxis", "zaxis", "nxaxis", "nyaxis", "nzaxis"};
 
-const char* flag(bool value) { return value ? "true" : "false"; }
+const char* state(bool on) { return on ? "on" : "off"; }
 
 }  // namespace
 
@@ -30,25 +25,23 @@ int upAxisNamed(const std::string& name) {
     return -1;
 }
 
-void writeSettingsFile(const std::filesystem::path& folder, const ExportSettings& settings) {
-    TiXmlDocument document;
-    document.LinkEndChild(new TiXmlDeclaration("1.0", "", ""));
-    auto* root = new TiXmlElement("vantrel_plugin_settings");
-    document.LinkEndChild(root);
-    char number[64];
-    std::snprintf(number, sizeof number, "%f", settings.quality);
-    addSetting(*root, "tessellationQuality", number);
-    std::snprintf(number, sizeof number, "%d", settings.upAxis);
-    addSetting(*root, "upAxis", number);
-    addSetting(*root, "selectionMode", "automatic");
-    addSetting(*root, "includeNURBS", flag(settings.includeNurbs));
-    addSetting(*root, "separateMaterials", flag(settings.separateMaterials));
-    addSetting(*root, "useAssemblyMaterials", flag(settings.useAssemblyMaterials));
-    addSetting(*root, "promptForMechanism", "false");
-    const std::filesystem::path file = folder / pluginSettingsFileName;
-    if (!document.SaveFile(file.string().c_str())) {
-        throw HostError("can't write the plug-in's settings file \"" + file.string() + "\"");
-    }
+void scriptSettingsDialog(UserScript& script, const ExportSettings& settings) {
+    char quality[32];
+    std::snprintf(quality, sizeof quality, "%.17g", settings.quality);
+    script.setValue(settingsDialog, "stepbox", quality);
+    script.setValue(settingsDialog, "Vantrel_Separate_Materials_Check", state(settings.separateMaterials));
+    script.setValue(settingsDialog, "Vantrel_Use_Assembly_Materials_Check", state(settings.useAssemblyMaterials));
+    script.setValue(settingsDialog, "Vantrel_NURBS_Check", state(settings.includeNurbs));
+    script.setValue(settingsDialog, "Vantrel_Axis_Radiogroup", axisNames.at(static_cast<size_t>(settings.upAxis)));
+    script.setValue(settingsDialog, "Vantrel_Update_Radiogroup", "automatic");
+    script.setValue(settingsDialog, "Vantrel_Mechanism_Prompt_Check", state(!settings.animation.empty()));
+    script.pressButton(settingsDialog, "Vantrel_OK");
+}
+
+void scriptAnimationDialog(UserScript& script, const ExportSettings& settings) {
+    if (settings.animation.empty()) return;
+    script.setValue(animationDialog, "Vantrel_Animation_Inputpanel", settings.animation.string());
+    script.pressButton(animationDialog, "Vantrel_Animation_Export");
 }
 
 bool settingsFileIsSound(const std::filesystem::path& folder) {

@@ -58,4 +58,9 @@ public:
     std::int32_t selectionCount = 0;
     bool renderToFile = false;
     PluginSettings settings;
+    // The animation dialog, which lives in the shell above the drivers: the
+    // shell sets it when the plug-in starts, and a driver shows it before its
+    // run when promptForMechanism is set. It answers whether the run may go
+    // on. Unset, a run goes on without asking.
+    bool (*animationPrompt)(VantrelPlugin& plugin) = nullptr;
 };

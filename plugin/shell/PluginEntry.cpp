@@ -1,13 +1,19 @@
 // The plug-in's entries, which the toolkit's start-up handshake calls.
 #include "plugin/core/VantrelPlugin.h"
+#include "plugin/shell/AnimationDialog.h"
 #include "plugin/shell/Commands.h"
 #include "toolkit/HostCallback.h"
 #include "toolkit/Startup.h"
 
 // The host's arguments are of no use to the plug-in. Registration can fail
-// only command by command, and the plug-in loads all the same.
+// only command by command, and the plug-in loads all the same. The drivers
+// reach the animation dialog through the context.
 int user_initialize(int, char**, const char*, const char*, ProWchar*) {
-    toolkit::guardEntry("user_initialize", [] { registerCommands(*VantrelPlugin::instance()); });
+    toolkit::guardEntry("user_initialize", [] {
+        VantrelPlugin& plugin = *VantrelPlugin::instance();
+        plugin.animationPrompt = showAnimationDialog;
+        registerCommands(plugin);
+    });
     return 0;
 }
 

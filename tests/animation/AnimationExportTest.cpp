@@ -172,6 +172,35 @@ TEST_F(AnimationExport, MovingNodesCarryTheirFramesTimesTheInverseOfTheirPlaceme
     EXPECT_TRUE(session.errors().empty());
 }
 
+// With the prompt set, Render empties the table before it shows the animation
+// dialog, and Export leaves it: after a Cancel of the dialog, which ends the
+// run, the one is empty and the other as it was. Without a model no dialog
+// opens and the run ends.
+TEST_F(AnimationExport, RenderEmptiesTheTableBeforeTheDialogAndExportKeepsIt) {
+    VantrelPlugin& plugin = *VantrelPlugin::instance();
+    plugin.settings.promptForMechanism = true;
+    plugin.settings.exportPath = (fs::current_path() / "cancelled.vnz").u16string();
+    const AnimationFrameTable frames{{pathOf({11}), {translated(0, 0, 0), translated(0, 3, 0)}}};
+    for (int run = 0; run < 2; ++run) session.script().pressButton("Vantrel_Animation", "Vantrel_Animation_Cancel");
+
+    plugin.animationFrames = frames;
+    renderLive(plugin);
+    EXPECT_TRUE(plugin.animationFrames.empty());
+    plugin.animationFrames = frames;
+    exportToFile(plugin);
+    ASSERT_EQ(plugin.animationFrames.size(), 1u);
+    EXPECT_EQ(plugin.animationFrames.begin()->second, frames.begin()->second);
+    ASSERT_EQ(session.dialogs().history().size(), 2u);
+    EXPECT_EQ(session.dialogs().history()[1].exitStatus, -3);
+    EXPECT_FALSE(fs::exists(fs::current_path() / "cancelled.vnz"));
+
+    session.setCurrentModel(nullptr);
+    exportToFile(plugin);
+    EXPECT_EQ(session.dialogs().history().size(), 2u) << "no model, no dialog";
+    EXPECT_FALSE(fs::exists(fs::current_path() / "cancelled.vnz"));
+    EXPECT_TRUE(session.script().finished()) << "both dialogs were cancelled";
+}
+
 // A quarter turn of one sub-assembly of a real model, recorded by the host's
 // mechanism and read by the plug-in's reader: only that component moves, and
 // its matrices times its placement give the recorded frames back.

@@ -108,7 +108,7 @@ TEST_F(CommandLine, UsageVersionAndOptionSpellingsFollowTheTables) {
     EXPECT_EQ(bare.exitCode, 0);
     EXPECT_EQ(bare.out, run("--help").out);
     for (const char* listed : {"\n       vantrel-host [options] export MODEL -o OUT.vnz\n",
-                               "\n       vantrel-host sample OUT.step\n", "\n  press     runs the command's",
+                               "\n       vantrel-host sample OUT.step\n", "\n  press       runs the command's",
                                "\n  --up AXIS ", "\n  --version "}) {
         EXPECT_NE(bare.out.find(listed), std::string::npos) << listed;
     }

@@ -1,5 +1,5 @@
 // vantrel-host export and sample as a user runs them: exit statuses, the
-// summary, the settings file handed to the plug-in, and the messages of bad
+// summary, the settings that the plug-in saved, and the messages of bad
 // input.
 #include <gtest/gtest.h>
 #include <signal.h>
@@ -13,43 +13,14 @@
 #include <sstream>
 
 #include "../hostcad/CadTestSupport.h"
+#include "tests/realmodel/HostProgram.h"
 
 namespace host::realmodel::testing {
 namespace {
 
 using cad::testing::ScratchFolder;
 
-struct ProgramRun {
-    int exitCode = -1;
-    std::string out;
-    std::string err;
-};
-
-std::string contentsOf(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
-
-ProgramRun run(const ScratchFolder& folder, const std::string& arguments) {
-    const std::filesystem::path errors = folder.path() / "stderr.txt";
-    // The sample needs no plug-in, and takes no option for one.
-    const std::string plugin =
-        arguments.starts_with("sample") ? "" : std::string("--plugin '") + VANTREL_PLUGIN_FILE + "' ";
-    // The per-user working directory is the folder's own.
-    const std::string command = "XDG_CONFIG_HOME='" + folder.path().string() + "/config' '" + VANTREL_HOST_PROGRAM +
-                                "' " + plugin + arguments + " 2>'" + errors.string() + "'";
-    ProgramRun result;
-    FILE* pipe = popen(command.c_str(), "r");
-    if (!pipe) return result;
-    char buffer[4096];
-    for (size_t n; (n = std::fread(buffer, 1, sizeof buffer, pipe)) > 0;) result.out.append(buffer, n);
-    const int status = pclose(pipe);
-    result.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    result.err = contentsOf(errors);
-    return result;
-}
+ProgramRun run(const ScratchFolder& folder, const std::string& arguments) { return runHost(folder, arguments); }
 
 TEST(ExportCommandLine, SampleExportsWithTheSettingsGiven) {
     ScratchFolder folder;
