@@ -5,7 +5,10 @@
 
 #include "animation/AnimationEmission.h"
 #include "export/Appearances.h"
+#include "export/ExactSurfaceObjects.h"
+#include "export/InterfaceData.h"
 #include "export/FacetSets.h"
+#include "export/MaterialEmission.h"
 #include "export/MeshObject.h"
 #include "export/SolidGeometry.h"
 #include "export/Tessellation.h"
@@ -73,9 +76,11 @@ MeshGroups groupSurfacesByAppearance(VantrelPlugin& plugin, const SolidGeometry&
     return groups;
 }
 
+// With NURBS on, `exact` gives each surface's exact objects, written after
+// its triangles were taken.
 void writeMeshGroup(VantrelPlugin& plugin, const SolidGeometry& geometry, const MaterialRecord& record,
                     const std::vector<int>& surfaceIndices, const std::string& partName,
-                    ProSurfaceTessellationInput input) {
+                    ProSurfaceTessellationInput input, const ExactGeometrySource* exact) {
     const bool nurbs = plugin.settings.includeNURBS;
     if (nurbs) {
         plugin.scene->begin_group(partName);
@@ -83,9 +88,12 @@ void writeMeshGroup(VantrelPlugin& plugin, const SolidGeometry& geometry, const 
     }
     clearMeshBuffers(plugin);
     int indexBase = 0;
-    for (int index : surfaceIndices)
-        tessellateSurface(plugin, geometry.surfaces[static_cast<size_t>(index)], record, geometry.solid, partName,
-                          input, &indexBase);
+    for (int index : surfaceIndices) {
+        ProSurface surface = geometry.surfaces[static_cast<size_t>(index)];
+        if (tessellateSurface(plugin, surface, record, geometry.solid, partName, input, &indexBase) && exact)
+            writeExactSurfaces(*plugin.scene->scene(), plugin.scratchArrays, *exact, surface, partName,
+                               [&] { emitMaterial(plugin, partName, record); });
+    }
     if (meshIsWritable(plugin)) writeMeshObject(plugin, partName, record);
     if (nurbs) plugin.scene->end_group();
 }
@@ -101,9 +109,15 @@ void exportSurfaces(VantrelPlugin& plugin, const SolidGeometry& geometry, const 
     plugin.scene->begin_group(name);
     if (emitGeometry) {
         plugin.scene->scene()->set_flags(1024);
+        InterfaceTables tables;
+        ExactGeometrySource exact{geometry.solid, nullptr, &tables, &geometry.surfaceIds};
+        if (plugin.settings.includeNURBS)
+            collectInterfaceData(geometry.solid, &exact.interfaceData, geometry.surfaceIds, geometry.surfaces, tables);
         MeshGroups groups = groupSurfacesByAppearance(plugin, geometry, fullPath, partName, appearance);
         for (const auto& [record, surfaceIndices] : groups)
-            writeMeshGroup(plugin, geometry, record, surfaceIndices, partName, input);
+            writeMeshGroup(plugin, geometry, record, surfaceIndices, partName, input,
+                           plugin.settings.includeNURBS ? &exact : nullptr);
+        freeInterfaceData(exact.interfaceData);
     }
     ProSurfacetessellationinputFree(input);
     emitAnimation(plugin, fullPath, localPath, name);

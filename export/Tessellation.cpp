@@ -101,17 +101,18 @@ void appendSurfaceMesh(VantrelPlugin& plugin, ProTessellation tessellation, int 
 
 }  // namespace
 
-void tessellateSurface(VantrelPlugin& plugin, ProSurface surface, MaterialRecord, ProSolid solid,
+bool tessellateSurface(VantrelPlugin& plugin, ProSurface surface, MaterialRecord, ProSolid solid,
                        const std::string&, ProSurfaceTessellationInput input, int* indexBase) {
     int surfaceId = 0;
     ProSurfaceIdGet(surface, &surfaceId);
     ProTessellation tessellation = nullptr;
     ProError status = ProSurfaceTessellationGet(surface, input, &tessellation);
     if (status != PRO_TK_NO_ERROR) status = retryLadder(plugin, surface, solid, &tessellation);
-    if (status != PRO_TK_NO_ERROR || !tessellation) return;
+    if (status != PRO_TK_NO_ERROR || !tessellation) return false;
 
     int vertexCount = 0;
     appendSurfaceMesh(plugin, tessellation, *indexBase, &vertexCount);
     *indexBase += vertexCount;
     ProTessellationFree(tessellation);
+    return true;
 }

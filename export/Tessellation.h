@@ -19,7 +19,7 @@ double chordHeightFor(double diagonal, double quality);
 ProSurfaceTessellationInput makeTessellationInput(VantrelPlugin& plugin, ProSolid solid, double quality);
 
 // Triangulates one surface and appends it to the plug-in's mesh buffers. A
-// surface that the host refuses at every rung is left out. The index base
-// grows by the surface's vertex count.
-void tessellateSurface(VantrelPlugin& plugin, ProSurface surface, MaterialRecord record, ProSolid solid,
+// surface that the host refuses at every rung is left out, and answers false.
+// The index base grows by the surface's vertex count.
+bool tessellateSurface(VantrelPlugin& plugin, ProSurface surface, MaterialRecord record, ProSolid solid,
                        const std::string& partName, ProSurfaceTessellationInput input, int* indexBase);

@@ -47,6 +47,14 @@ typedef struct ProSelectionOpaque* ProSelection;
 typedef struct ProTessellationInputOpaque* ProSurfaceTessellationInput;
 typedef struct ProTessellationOpaque* ProTessellation;
 typedef struct uiCmdOpaque* uiCmdCmdId;
+typedef struct ProIntfDataOpaque* ProIntfData;              // a block of interface data
+typedef struct ProEdgedataOpaque* ProEdgedata;              // an edge of the block
+typedef struct ProSurfacedataOpaque* ProSurfacedata;        // an exact surface of the block
+typedef struct ProQuiltdataOpaque* ProQuiltdata;            // a quilt of the block
+typedef struct ProSurfaceshapedataOpaque* ProSurfaceshapedata;  // the shape part of surface data
+typedef struct ProCurvedataOpaque* ProCurvedata;            // curve storage, allocated by the plug-in
+typedef struct ProContourOpaque* ProContour;                // a contour of a visited surface
+typedef struct ProEdgeOpaque* ProEdge;                      // an edge of a visited contour
 typedef void* ProArray;                    // a host array: its size comes from ProArraySizeGet
 typedef void* ProAppData;
 
@@ -134,6 +142,45 @@ struct ProSimprepdata {
     ProSimprepitem* items;  // a host array
 };
 
+// What ProPartToProIntfData is asked to convert, and how.
+enum : std::uint32_t {
+    PRO_INTF_UV_POINTS = 1u,    // edges carry their points in surface parameters
+    PRO_INTF_UV_CURVES = 2u,    // edges carry their curves in surface parameters
+    PRO_INTF_XYZ_CURVES = 4u,   // edges carry their curves in space
+};
+enum : int {
+    PRO_PART_CURVES_AS_BSPLINES = 2,
+    PRO_PART_SURFACES_AS_BSPL_SURFACES = 2,
+};
+struct ProIntfDataOptions {
+    std::uint32_t flags;
+    std::int32_t curveOption;
+    std::int32_t surfaceOption;
+};
+
+// Contour traversals and the curve type of a B-spline.
+enum : int {
+    PRO_CONTOUR_TRAV_INTERNAL = -1,  // a hole
+    PRO_CONTOUR_TRAV_NONE = 0,
+    PRO_CONTOUR_TRAV_EXTERNAL = 1,
+};
+enum : int { PRO_ENT_B_SPLINE = 19 };
+// An edge used against its own direction in a contour, or by a surface.
+enum : int { PRO_EDGE_DIRECTION_REVERSED = 1 };
+
+// One contour of an exact surface: its traversal and the ids of its edges
+// (a host array), in the order the contour runs.
+struct ProContourdata {
+    int traversal;
+    int* edgeIds;
+};
+
+// The exact data of a visited surface; ProGeomitemdataFree releases it.
+struct ProGeomitemdata {
+    int objectType;
+    ProSurfacedata surface;
+};
+
 // Grid placement of a dialog component.
 struct ProUIGridopts {
     int column;
@@ -168,6 +215,10 @@ typedef ProError (*ProFacetFilterAction)(ProFacet facet, ProAppData data);
 typedef ProError (*ProSimprepVisitAction)(ProSimprep* simprep, ProError status, ProAppData data);
 typedef ProError (*ProSimprepFilterAction)(ProSimprep* simprep, ProAppData data);
 typedef ProError (*ProSimprepitemVisitAction)(ProSimprepitem* item, ProError status, ProAppData data);
+typedef ProError (*ProContourVisitAction)(ProContour contour, ProError status, ProAppData data);
+typedef ProError (*ProContourFilterAction)(ProContour contour, ProAppData data);
+typedef ProError (*ProEdgeVisitAction)(ProEdge edge, ProError status, ProAppData data);
+typedef ProError (*ProEdgeFilterAction)(ProEdge edge, ProAppData data);
 typedef void (*ProUIAction)(char* dialog, char* component, ProAppData data);
 
 // The host's table of functions, sorted by name in byte order.
