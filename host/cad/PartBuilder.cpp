@@ -12,6 +12,7 @@
 #include <algorithm>
 
 #include "host/cad/CadShapes.h"
+#include "host/cad/FaceContours.h"
 #include "host/cad/MeshFacets.h"
 
 namespace host::cad {
@@ -149,6 +150,7 @@ CadPart buildPart(const std::string& name, const TopoDS_Shape& shape, std::optio
     std::optional<CadAppearance> meshAppearance = addFaces(walk, pieces, part, shapes);
     addEdges(shape, walk, part, shapes);
     addQuilts(shape, walk, part);
+    addFaceContours(part, shapes);
     if (!part.appearance && part.faces.empty()) part.appearance = meshAppearance;
     part.outline = outlineOfPart(part, shapes);
     return part;

@@ -1,0 +1,143 @@
+#include "host/cad/ExactConversion.h"
+
+#include <BRepBuilderAPI_NurbsConvert.hxx>
+#include <BRep_Tool.hxx>
+#include <Geom2dConvert.hxx>
+#include <Geom2d_BSplineCurve.hxx>
+#include <Geom2d_TrimmedCurve.hxx>
+#include <GeomConvert.hxx>
+#include <Geom_BSplineSurface.hxx>
+#include <Geom_RectangularTrimmedSurface.hxx>
+#include <Standard_Failure.hxx>
+#include <TColStd_Array1OfReal.hxx>
+#include <TopoDS.hxx>
+
+#include <map>
+#include <optional>
+#include <vector>
+
+#include "host/cad/CadShapes.h"
+
+namespace host::cad {
+
+namespace {
+
+std::vector<double> flatKnots(const TColStd_Array1OfReal& sequence) {
+    return std::vector<double>(sequence.begin(), sequence.end());
+}
+
+Handle(Geom_BSplineSurface) bsplineOf(const TopoDS_Face& face) {
+    Handle(Geom_Surface) surface = BRep_Tool::Surface(face);
+    if (surface.IsNull()) return nullptr;
+    Handle(Geom_BSplineSurface) bspline = Handle(Geom_BSplineSurface)::DownCast(surface);
+    if (bspline.IsNull()) bspline = GeomConvert::SurfaceToBSplineSurface(surface);
+    bspline = Handle(Geom_BSplineSurface)::DownCast(bspline->Copy());
+    if (bspline->IsUPeriodic()) bspline->SetUNotPeriodic();
+    if (bspline->IsVPeriodic()) bspline->SetVNotPeriodic();
+    return bspline;
+}
+
+BsplineSurfaceData surfaceData(const Geom_BSplineSurface& surface) {
+    BsplineSurfaceData data;
+    data.degreeU = surface.UDegree();
+    data.degreeV = surface.VDegree();
+    TColStd_Array1OfReal knotsU(1, surface.NbUPoles() + surface.UDegree() + 1);
+    TColStd_Array1OfReal knotsV(1, surface.NbVPoles() + surface.VDegree() + 1);
+    surface.UKnotSequence(knotsU);
+    surface.VKnotSequence(knotsV);
+    data.knotsU = flatKnots(knotsU);
+    data.knotsV = flatKnots(knotsV);
+    const bool rational = surface.IsURational() || surface.IsVRational();
+    for (int i = 1; i <= surface.NbUPoles(); ++i) {
+        for (int j = 1; j <= surface.NbVPoles(); ++j) {
+            const gp_Pnt pole = surface.Pole(i, j);
+            data.points.push_back({pole.X(), pole.Y(), pole.Z()});
+            if (rational) data.weights.push_back(surface.Weight(i, j));
+        }
+    }
+    return data;
+}
+
+std::optional<BsplineCurveData> curveOnFace(const TopoDS_Edge& edge, const TopoDS_Face& face) {
+    double first = 0.0, last = 0.0;
+    Handle(Geom2d_Curve) curve = BRep_Tool::CurveOnSurface(edge, face, first, last);
+    if (curve.IsNull() || !(first < last)) return std::nullopt;
+    Handle(Geom2d_BSplineCurve) bspline =
+        Geom2dConvert::CurveToBSplineCurve(new Geom2d_TrimmedCurve(curve, first, last));
+    if (bspline.IsNull()) return std::nullopt;
+    if (bspline->IsPeriodic()) bspline->SetNotPeriodic();
+    BsplineCurveData data;
+    data.degree = bspline->Degree();
+    TColStd_Array1OfReal knots(1, bspline->NbPoles() + bspline->Degree() + 1);
+    bspline->KnotSequence(knots);
+    data.knots = flatKnots(knots);
+    for (int i = 1; i <= bspline->NbPoles(); ++i) {
+        const gp_Pnt2d pole = bspline->Pole(i);
+        data.points.push_back({pole.X(), pole.Y(), 0.0});
+        if (bspline->IsRational()) data.weights.push_back(bspline->Weight(i));
+    }
+    return data;
+}
+
+// The sides that the uses of each edge give, by edge id, in the order met.
+using SidesById = std::map<int, std::vector<EdgeSide>>;
+
+ExactSurface convertFace(const CadFace& face, const CadShapes& shapes, SidesById& sides) {
+    ExactSurface exact;
+    exact.id = face.id;
+    const TopoDS_Face& original = shapes.face(face.shapeIndex);
+    BRepBuilderAPI_NurbsConvert conversion(original);
+    TopoDS_Face converted = TopoDS::Face(conversion.Shape());
+    converted.Orientation(original.Orientation());
+    if (Handle(Geom_BSplineSurface) surface = bsplineOf(converted); !surface.IsNull())
+        exact.shape = surfaceData(*surface);
+    for (const CadContour& contour : face.contours) {
+        EdgeContour& edges = exact.contours.emplace_back();
+        edges.traversal = contour.outer ? contourOuter : contourHole;
+        for (const CadEdgeUse& use : contour.edges) {
+            edges.edgeIds.push_back(use.edgeId);
+            const TopoDS_Edge& used = shapes.edge(use.shapeIndex);
+            TopoDS_Edge image = TopoDS::Edge(conversion.ModifiedShape(used));
+            image.Orientation(used.Orientation());
+            sides[use.edgeId].push_back({face.id, use.reversed ? edgeReversed : 0, curveTypeBspline,
+                                         curveOnFace(image, converted)});
+        }
+    }
+    return exact;
+}
+
+// A face that the kernel fails to convert stands without shape or curves.
+ExactSurface convertFaceSafely(const CadFace& face, const CadShapes& shapes, SidesById& sides) {
+    try {
+        return convertFace(face, shapes, sides);
+    } catch (const Standard_Failure&) {
+        return ExactSurface{face.id, std::nullopt, {}};
+    }
+}
+
+}  // namespace
+
+std::shared_ptr<const InterfaceData> convertToInterfaceData(const CadModel& model, int partIndex) {
+    const CadPart& part = model.parts.at(static_cast<size_t>(partIndex));
+    auto data = std::make_shared<InterfaceData>();
+    SidesById sides;
+    std::map<int, size_t> quiltOfId;
+    for (const CadQuilt& quilt : part.quilts) {
+        quiltOfId[quilt.id] = data->quilts.size();
+        data->quilts.push_back({quilt.id, {}});
+    }
+    for (const CadFace& face : part.faces) {
+        ExactSurface exact = convertFaceSafely(face, *model.shapes, sides);
+        if (face.quiltId == 0) data->surfaces.push_back(std::move(exact));
+        else data->quilts.at(quiltOfId.at(face.quiltId)).surfaces.push_back(std::move(exact));
+    }
+    for (const CadEdge& edge : part.edges) {
+        ExactEdge& exact = data->edges.emplace_back();
+        exact.id = edge.id;
+        const std::vector<EdgeSide>& found = sides[edge.id];
+        for (size_t side = 0; side < found.size() && side < 2; ++side) exact.sides[side] = found[side];
+    }
+    return data;
+}
+
+}  // namespace host::cad
