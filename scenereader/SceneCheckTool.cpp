@@ -20,6 +20,7 @@ bool checkFile(const std::string& file, std::ostream& out, std::ostream& err) {
     }
     std::vector<std::string> problems = checkScene(document);
     for (const std::string& problem : problems) err << file << ": " << problem << "\n";
+    for (const std::string& warning : sceneWarnings(document)) err << file << ": warning: " << warning << "\n";
     out << file << ": " << describeSummary(summarize(document)) << "\n";
     return problems.empty();
 }
@@ -29,7 +30,7 @@ bool checkFile(const std::string& file, std::ostream& out, std::ostream& err) {
 int runSceneCheck(const std::vector<std::string>& files, std::ostream& out, std::ostream& err) {
     if (files.empty()) {
         err << "usage: vantrel-scene-check FILE...\n"
-               "Reads each \".vnz\" scene file, checks its meshes and prints a summary.\n";
+               "Reads each \".vnz\" scene file, checks its meshes and exact surfaces and prints a summary.\n";
         return 2;
     }
     bool allPassed = true;

@@ -13,8 +13,13 @@ namespace scenereader {
 // integer array of whole triples whose indices lie in [0, vertex count);
 // "normals", if present, one per vertex; "uv_tex", if present, two floats per
 // vertex; no value that is not a finite number in those arrays. Anywhere: no
-// number written as "nan" or "inf".
+// number written as "nan" or "inf". Every "nurbs" geometry: its knots,
+// control net, weights and trim curves (see NurbsChecks.h).
 std::vector<std::string> checkScene(const Document& document);
+
+// What is worth a look without being wrong: trim control points outside
+// their surface's domain.
+std::vector<std::string> sceneWarnings(const Document& document);
 
 struct SceneSummary {
     size_t groups = 0;

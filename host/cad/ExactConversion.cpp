@@ -12,6 +12,8 @@
 #include <TColStd_Array1OfReal.hxx>
 #include <TopoDS.hxx>
 
+#include <algorithm>
+#include <cmath>
 #include <map>
 #include <optional>
 #include <vector>
@@ -82,6 +84,39 @@ std::optional<BsplineCurveData> curveOnFace(const TopoDS_Edge& edge, const TopoD
 // The sides that the uses of each edge give, by edge id, in the order met.
 using SidesById = std::map<int, std::vector<EdgeSide>>;
 
+struct ContourUse {
+    int edgeId;
+    EdgeSide side;
+};
+
+Point3& startOf(EdgeSide& side) { return side.direction == edgeReversed ? side.curve->points.back() : side.curve->points.front(); }
+Point3& endOf(EdgeSide& side) { return side.direction == edgeReversed ? side.curve->points.front() : side.curve->points.back(); }
+
+// Curves in parameters that the file or the conversion gives only close to
+// each other: where one use ends near the next one's start, the start is
+// moved onto that end, so that the contour closes exactly in parameters.
+void closeGaps(std::vector<ContourUse>& uses) {
+    double low[2] = {1e300, 1e300}, high[2] = {-1e300, -1e300};
+    for (const ContourUse& use : uses) {
+        if (!use.side.curve) continue;
+        for (const Point3& point : use.side.curve->points) {
+            for (int axis = 0; axis < 2; ++axis) {
+                low[axis] = std::min(low[axis], point[axis]);
+                high[axis] = std::max(high[axis], point[axis]);
+            }
+        }
+    }
+    const double tolerance = 1e-4 * std::max({high[0] - low[0], high[1] - low[1], 1e-9});
+    for (size_t k = 0; k < uses.size(); ++k) {
+        EdgeSide& from = uses[k].side;
+        EdgeSide& to = uses[(k + 1) % uses.size()].side;
+        if (!from.curve || !to.curve || from.curve->points.empty() || to.curve->points.empty()) continue;
+        Point3& end = endOf(from);
+        Point3& start = startOf(to);
+        if (std::fabs(end[0] - start[0]) < tolerance && std::fabs(end[1] - start[1]) < tolerance) start = end;
+    }
+}
+
 ExactSurface convertFace(const CadFace& face, const CadShapes& shapes, SidesById& sides) {
     ExactSurface exact;
     exact.id = face.id;
@@ -94,14 +129,17 @@ ExactSurface convertFace(const CadFace& face, const CadShapes& shapes, SidesById
     for (const CadContour& contour : face.contours) {
         EdgeContour& edges = exact.contours.emplace_back();
         edges.traversal = contour.outer ? contourOuter : contourHole;
+        std::vector<ContourUse> uses;
         for (const CadEdgeUse& use : contour.edges) {
             edges.edgeIds.push_back(use.edgeId);
             const TopoDS_Edge& used = shapes.edge(use.shapeIndex);
             TopoDS_Edge image = TopoDS::Edge(conversion.ModifiedShape(used));
             image.Orientation(used.Orientation());
-            sides[use.edgeId].push_back({face.id, use.reversed ? edgeReversed : 0, curveTypeBspline,
-                                         curveOnFace(image, converted)});
+            uses.push_back({use.edgeId, {face.id, use.reversed ? edgeReversed : 0, curveTypeBspline,
+                                         curveOnFace(image, converted)}});
         }
+        closeGaps(uses);
+        for (ContourUse& use : uses) sides[use.edgeId].push_back(std::move(use.side));
     }
     return exact;
 }

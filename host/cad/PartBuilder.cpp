@@ -55,7 +55,7 @@ std::optional<CadAppearance> addFaces(PartWalk& walk, const std::vector<SubShape
         TopLoc_Location location;
         if (!BRep_Tool::Surface(face, location).IsNull()) {
             walk.faceSlot[i] = static_cast<int>(part.faces.size());
-            part.faces.push_back(CadFace{walk.nextId++, reversed, 0, shapes.addFace(face), appearances[i]});
+            part.faces.push_back(CadFace{walk.nextId++, reversed, 0, shapes.addFace(face), appearances[i], {}});
         } else if (Handle(Poly_Triangulation) mesh = BRep_Tool::Triangulation(face, location); !mesh.IsNull()) {
             appendFacets(*mesh, location.Transformation(), reversed, part.facets);
             if (!firstMeshAppearance) firstMeshAppearance = appearances[i];
