@@ -117,13 +117,39 @@ void closeGaps(std::vector<ContourUse>& uses) {
     }
 }
 
+bool isBspline(const TopoDS_Face& face) {
+    TopLoc_Location location;
+    return !Handle(Geom_BSplineSurface)::DownCast(BRep_Tool::Surface(face, location)).IsNull();
+}
+
+// The face as a B-spline face with its edges: a face that is one already is
+// taken as it stands, the others go through the kernel's NURBS conversion.
+class FaceConversion {
+public:
+    explicit FaceConversion(const TopoDS_Face& original) : converted_(original) {
+        if (isBspline(original)) return;
+        conversion_.emplace(original);
+        converted_ = TopoDS::Face(conversion_->Shape());
+        converted_.Orientation(original.Orientation());
+    }
+    const TopoDS_Face& face() const { return converted_; }
+    TopoDS_Edge edge(const TopoDS_Edge& original) const {
+        if (!conversion_) return original;
+        TopoDS_Edge image = TopoDS::Edge(conversion_->ModifiedShape(original));
+        image.Orientation(original.Orientation());
+        return image;
+    }
+
+private:
+    std::optional<BRepBuilderAPI_NurbsConvert> conversion_;
+    TopoDS_Face converted_;
+};
+
 ExactSurface convertFace(const CadFace& face, const CadShapes& shapes, SidesById& sides) {
     ExactSurface exact;
     exact.id = face.id;
-    const TopoDS_Face& original = shapes.face(face.shapeIndex);
-    BRepBuilderAPI_NurbsConvert conversion(original);
-    TopoDS_Face converted = TopoDS::Face(conversion.Shape());
-    converted.Orientation(original.Orientation());
+    const FaceConversion conversion(shapes.face(face.shapeIndex));
+    const TopoDS_Face& converted = conversion.face();
     if (Handle(Geom_BSplineSurface) surface = bsplineOf(converted); !surface.IsNull())
         exact.shape = surfaceData(*surface);
     for (const CadContour& contour : face.contours) {
@@ -132,9 +158,7 @@ ExactSurface convertFace(const CadFace& face, const CadShapes& shapes, SidesById
         std::vector<ContourUse> uses;
         for (const CadEdgeUse& use : contour.edges) {
             edges.edgeIds.push_back(use.edgeId);
-            const TopoDS_Edge& used = shapes.edge(use.shapeIndex);
-            TopoDS_Edge image = TopoDS::Edge(conversion.ModifiedShape(used));
-            image.Orientation(used.Orientation());
+            const TopoDS_Edge image = conversion.edge(shapes.edge(use.shapeIndex));
             uses.push_back({use.edgeId, {face.id, use.reversed ? edgeReversed : 0, curveTypeBspline,
                                          curveOnFace(image, converted)}});
         }
