@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdint>
 #include <numeric>
+#include <limits>
 #include <optional>
 
 namespace scenereader {
@@ -230,7 +231,135 @@ private:
     NurbsFindings& findings_;
 };
 
+// A point of a rational B-spline surface by de Boor's algorithm on the
+// homogeneous control net ("Pw" is x, y, z, w with U running fastest).
+class SurfaceSampler {
+public:
+    static std::optional<SurfaceSampler> of(const Block& geometry) {
+        auto uorder = ints(geometry, "uorder"), vorder = ints(geometry, "vorder");
+        auto uknot = doubles(geometry, "uknot"), vknot = doubles(geometry, "vknot"), pw = doubles(geometry, "Pw");
+        if (!uorder || !vorder || !uknot || !vknot || !pw || uorder->size() != 1 || vorder->size() != 1)
+            return std::nullopt;
+        SurfaceSampler s;
+        s.degreeU_ = uorder->front() - 1;
+        s.degreeV_ = vorder->front() - 1;
+        s.knotsU_ = *uknot;
+        s.knotsV_ = *vknot;
+        s.pw_ = *pw;
+        s.countU_ = static_cast<long>(uknot->size()) - uorder->front();
+        s.countV_ = static_cast<long>(vknot->size()) - vorder->front();
+        if (s.degreeU_ < 0 || s.degreeV_ < 0 || s.countU_ < 1 || s.countV_ < 1 ||
+            s.pw_.size() != static_cast<size_t>(4 * s.countU_ * s.countV_))
+            return std::nullopt;
+        return s;
+    }
+
+    // Points on a grid of n x n parameters across the domain.
+    void sample(int n, std::vector<std::array<double, 3>>& points) const {
+        const double u0 = knotsU_[static_cast<size_t>(degreeU_)], u1 = knotsU_[static_cast<size_t>(countU_)];
+        const double v0 = knotsV_[static_cast<size_t>(degreeV_)], v1 = knotsV_[static_cast<size_t>(countV_)];
+        for (int i = 0; i <= n; ++i) {
+            for (int j = 0; j <= n; ++j) points.push_back(at(u0 + (u1 - u0) * i / n, v0 + (v1 - v0) * j / n));
+        }
+    }
+
+private:
+    using Homogeneous = std::array<double, 4>;
+
+    static long span(const std::vector<double>& knots, int degree, long count, double t) {
+        long k = degree;
+        while (k < count - 1 && t >= knots[static_cast<size_t>(k + 1)]) ++k;
+        return k;
+    }
+
+    static Homogeneous deBoor(const std::vector<double>& knots, int degree, long k, double t,
+                              std::vector<Homogeneous> d) {
+        for (int r = 1; r <= degree; ++r) {
+            for (int j = degree; j >= r; --j) {
+                const size_t i = static_cast<size_t>(j + k - degree);
+                const double denominator = knots[i + static_cast<size_t>(degree - r + 1)] - knots[i];
+                const double alpha = denominator == 0 ? 0 : (t - knots[i]) / denominator;
+                for (int c = 0; c < 4; ++c)
+                    d[static_cast<size_t>(j)][c] = (1 - alpha) * d[static_cast<size_t>(j - 1)][c] + alpha * d[static_cast<size_t>(j)][c];
+            }
+        }
+        return d[static_cast<size_t>(degree)];
+    }
+
+    std::array<double, 3> at(double u, double v) const {
+        const long ku = span(knotsU_, degreeU_, countU_, u), kv = span(knotsV_, degreeV_, countV_, v);
+        std::vector<Homogeneous> column(static_cast<size_t>(degreeV_ + 1));
+        std::vector<Homogeneous> row(static_cast<size_t>(degreeU_ + 1));
+        for (int a = 0; a <= degreeU_; ++a) {
+            const long iu = ku - degreeU_ + a;
+            for (int b = 0; b <= degreeV_; ++b) {
+                const long iv = kv - degreeV_ + b;
+                const size_t at = static_cast<size_t>(4 * (iv * countU_ + iu));
+                const double w = pw_[at + 3];
+                column[static_cast<size_t>(b)] = {pw_[at] * w, pw_[at + 1] * w, pw_[at + 2] * w, w};
+            }
+            row[static_cast<size_t>(a)] = deBoor(knotsV_, degreeV_, kv, v, column);
+        }
+        const Homogeneous p = deBoor(knotsU_, degreeU_, ku, u, row);
+        return {p[0] / p[3], p[1] / p[3], p[2] / p[3]};
+    }
+
+    int degreeU_ = 0, degreeV_ = 0;
+    long countU_ = 0, countV_ = 0;
+    std::vector<double> knotsU_, knotsV_, pw_;
+};
+
+std::vector<std::array<double, 3>> meshVertices(const Block& geometry) {
+    std::vector<std::array<double, 3>> vertices;
+    const Statement* statement = geometry.statement("vertices");
+    if (!statement || statement->values.size() != 1) return vertices;
+    const Value& value = statement->values.front();
+    if (value.kind != ValueKind::Binary || value.binary.kind != 'c') return vertices;
+    const std::vector<float>& floats = value.binary.floats;
+    for (size_t i = 0; i + 2 < floats.size(); i += 3) vertices.push_back({floats[i], floats[i + 1], floats[i + 2]});
+    return vertices;
+}
+
+double squaredDistance(const std::array<double, 3>& a, const std::array<double, 3>& b) {
+    return (a[0] - b[0]) * (a[0] - b[0]) + (a[1] - b[1]) * (a[1] - b[1]) + (a[2] - b[2]) * (a[2] - b[2]);
+}
+
 }  // namespace
+
+void checkMeshOnSurfaces(const Block& group, const std::string& where, NurbsFindings& findings) {
+    std::vector<std::array<double, 3>> samples, vertices;
+    for (const Block* object : group.children("object")) {
+        const Block* geometry = object->child("geometry");
+        if (!geometry) continue;
+        if (geometry->name() == "nurbs") {
+            if (auto sampler = SurfaceSampler::of(*geometry)) sampler->sample(48, samples);
+        } else if (geometry->name() == "triangles") {
+            vertices = meshVertices(*geometry);
+        }
+    }
+    if (samples.empty() || vertices.empty()) return;
+    std::array<double, 3> low = vertices.front(), high = vertices.front();
+    for (const auto& vertex : vertices) {
+        for (size_t axis = 0; axis < 3; ++axis) {
+            low[axis] = std::min(low[axis], vertex[axis]);
+            high[axis] = std::max(high[axis], vertex[axis]);
+        }
+    }
+    const double tolerance = 0.02 * std::sqrt(squaredDistance(low, high));
+    const size_t step = std::max<size_t>(1, vertices.size() / 200);
+    double worst = 0.0;
+    size_t worstIndex = 0;
+    for (size_t i = 0; i < vertices.size(); i += step) {
+        double nearest = std::numeric_limits<double>::max();
+        for (const auto& sample : samples) nearest = std::min(nearest, squaredDistance(vertices[i], sample));
+        if (nearest > worst) worst = nearest, worstIndex = i;
+    }
+    if (std::sqrt(worst) > tolerance) {
+        findings.problems.push_back(where + ": mesh vertex " + std::to_string(worstIndex) + " lies " +
+                                    std::to_string(std::sqrt(worst)) + " from the group's exact surfaces, more than " +
+                                    std::to_string(tolerance));
+    }
+}
 
 void checkNurbsGeometry(const Block& geometry, const std::string& where, NurbsFindings& findings) {
     NurbsCheck(geometry, where, findings).run();

@@ -24,4 +24,10 @@ struct NurbsFindings {
 // than 1 % of its size.
 void checkNurbsGeometry(const Block& geometry, const std::string& where, NurbsFindings& findings);
 
+// A group that holds "nurbs" objects beside a "triangles" object: sampled
+// vertices of the mesh must lie on the union of the group's exact surfaces,
+// within 2 % of the mesh's size (the surfaces are sampled on a grid, so the
+// check is coarse). A problem names the farthest vertex.
+void checkMeshOnSurfaces(const Block& group, const std::string& where, NurbsFindings& findings);
+
 }  // namespace scenereader

@@ -155,6 +155,7 @@ void checkGeometries(const Block& block, const std::string& path, std::vector<st
             GeometryCheck{*inner, where + " at line " + std::to_string(inner->line), problems}.run();
         }
         if (isGeometry(*inner, "nurbs")) checkNurbsGeometry(*inner, where + " at line " + std::to_string(inner->line), exact);
+        if (inner->kind == "group") checkMeshOnSurfaces(*inner, where + " at line " + std::to_string(inner->line), exact);
         checkGeometries(*inner, where, problems, exact);
     }
 }

@@ -112,4 +112,27 @@ TEST(NurbsChecks, TrimPointsOutsideTheDomainWarnWithAMargin) {
     EXPECT_NE(warnings[0].find("4 trim control points lie outside the surface's domain"), std::string::npos);
 }
 
+TEST(NurbsChecks, MeshVerticesMustLieOnTheGroupsExactSurfaces) {
+    // The patch is the unit square in z = 0; the mesh's third vertex lies on
+    // it, then half a unit above it (the tolerance is 2 % of the mesh's
+    // diagonal, 0.03).
+    for (float z : {0.0f, 0.5f}) {
+        Nurbs nurbs;
+        std::string bytes = nurbs.bytes();
+        SceneBytes mesh;
+        mesh.text("object \"p\" {\ngeometry \"triangles\" {\n\"vertices\" [ ")
+            .floats('c', {0, 0, 0, 1, 0, 0, 0, 1, z})
+            .text("] ,\n\"triangles\" [ ")
+            .ints({0, 1, 2})
+            .text("] ,\n}\n}\n");
+        auto problems = scenereader::checkScene(scenereader::parseScene("group \"g\" {\n" + bytes + mesh.str() + "}\n"));
+        if (z == 0.0f) {
+            EXPECT_EQ(problems, std::vector<std::string>{});
+        } else {
+            ASSERT_EQ(problems.size(), 1u);
+            EXPECT_NE(problems[0].find("mesh vertex 2 lies 0.5"), std::string::npos) << problems[0];
+        }
+    }
+}
+
 }  // namespace
