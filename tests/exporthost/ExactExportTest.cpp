@@ -122,10 +122,13 @@ TEST(ExactExport, SplitSurfacesJoinTheVisitedSurfaceThatHoldsTheirEdges) {
     exact.addSurface({900, squarePatch({0, 0, 0}), {{host::contourOuter, {1012, 1013}}}});
     exact.addSurface({901, squarePatch({0, 0, 0}), {{host::contourOuter, {7777}}}});
     plate.exactGeometry = exact.source();
-    const scenereader::Document scene = exportPart(run, plate);
+    const scenereader::Document scene = exportPart(run, plate, false);
 
     EXPECT_EQ(geometryKinds(topGroup(scene)), (std::vector<std::string>{"nurbs", "nurbs", "triangles"}))
         << "101 and the piece 900 stand before the mesh; 901 and 102 send none";
+    const auto problems = scenereader::checkScene(scene);
+    ASSERT_EQ(problems.size(), 1u);
+    EXPECT_NE(problems[0].find("mesh vertex"), std::string::npos) << "the mesh of 102 lies on no exact surface";
 }
 
 TEST(ExactExport, QuiltSurfacesCountAndNullsInAQuiltAreSkipped) {
@@ -133,15 +136,17 @@ TEST(ExactExport, QuiltSurfacesCountAndNullsInAQuiltAreSkipped) {
     host::Model& sheet = run.session.addModel(part(u"sheet", 0));
     addQuilt(sheet, 2);
     giveExactSquares(sheet);
+    // The block of twins with the quilt's first surface taken out.
     InterfaceDataBuilder exact;
-    exact.addSquare(sheet.quilts[0].surfaces[1].id, {1, 0, 0});
-    host::ExactSurface twin = exact.data().surfaces.back();
-    exact.data().surfaces.clear();
-    exact.addQuilt(sheet.quilts[0].id, {std::nullopt, twin});
+    exact.data() = *sheet.exactGeometry->interfaceData();
+    exact.data().quilts[0].surfaces[0].reset();
     sheet.exactGeometry = exact.source();
-    const scenereader::Document scene = exportPart(run, sheet);
+    const scenereader::Document scene = exportPart(run, sheet, false);
 
     EXPECT_EQ(geometryKinds(topGroup(scene)), (std::vector<std::string>{"nurbs", "triangles"}));
+    const auto problems = scenereader::checkScene(scene);
+    ASSERT_EQ(problems.size(), 1u);
+    EXPECT_NE(problems[0].find("mesh vertex"), std::string::npos) << "the first square's mesh has no exact surface";
 }
 
 TEST(ExactExport, AFailedConversionStillSendsTheMeshesInTheirRowGroups) {
