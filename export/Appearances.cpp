@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "export/AssemblyAppearance.h"
 #include "toolkit/btk/TextConversion.h"
 
 namespace {
@@ -48,11 +49,14 @@ void takeTexture(const TextureProps& texture, MaterialRecord& record) {
 
 }  // namespace
 
-MaterialRecord resolveAppearance(VantrelPlugin&, const std::string&, ProGeomitem* item, const ProAsmcomppath&,
+MaterialRecord resolveAppearance(bool useAssemblyMaterials, ProGeomitem* item, const ProAsmcomppath& fullPath,
                                  const AppearanceProps* modelProps, const TextureProps* modelTexture) {
-    // The surface's own record first; for a facet set the item is null, so
-    // the host's default is asked before the solid's record.
+    // What the assembly shows comes first; without a visible appearance the
+    // other sources follow, keeping a texture that it found.
     MaterialRecord record;
+    if (useAssemblyMaterials && item && readAssemblyAppearance(*item, fullPath, record)) return record;
+    // Then the surface's own record; for a facet set the item is null, so
+    // the host's default is asked before the solid's record.
     AppearanceSource source;
     const AppearanceProps* props = nullptr;
     const TextureProps* texture = nullptr;

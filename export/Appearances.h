@@ -5,11 +5,9 @@
 #include "export/MaterialRecord.h"
 #include "toolkit/ProToolkit.h"
 
-class VantrelPlugin;
-
-// Tries the surface's own appearance, then the solid's, then the host's
-// default. `item` is null for a facet set; `modelProps` and `modelTexture`
-// are null when the solid has no such record.
-MaterialRecord resolveAppearance(VantrelPlugin& plugin, const std::string& partName, ProGeomitem* item,
-                                 const ProAsmcomppath& fullPath, const AppearanceProps* modelProps,
+// With `useAssemblyMaterials`, first what the assembly shows for the surface
+// in its component path; then the surface's own appearance, the solid's, and
+// the host's default. `item` is null for a facet set; `modelProps` and
+// `modelTexture` are null when the solid has no such record.
+MaterialRecord resolveAppearance(bool useAssemblyMaterials, ProGeomitem* item, const ProAsmcomppath& fullPath, const AppearanceProps* modelProps,
                                  const TextureProps* modelTexture);

@@ -1,40 +1,40 @@
 #include "export/AssemblyTraversal.h"
 
-#include "animation/AnimationEmission.h"
 #include "export/MaterialEmission.h"
 #include "export/MatrixMath.h"
+#include "export/ModelName.h"
+#include "export/RunContext.h"
+#include "export/SceneGroup.h"
 #include "export/SolidExport.h"
 #include "export/UpdateTracking.h"
 #include "export/VisibilityFilters.h"
 #include "importers/sceneapi/nvxSceneapi_oo.h"
-#include "plugin/VantrelPlugin.h"
+#include "toolkit/HostCallback.h"
 
 namespace {
 
-constexpr int instanceGroupFlags = 66560;
-
-// Included through the representation: the default action 2 or the parent
-// includes it, and the component's own item can override.
+// Included through the representation: the default action includes it or
+// the parent does, and the component's own item can override.
 bool includedInRepresentation(const ComponentVisitData& data, const ProAsmcomppath& fullPath) {
-    bool included = data.defaultAction == 2 || data.included;
+    bool included = data.defaultAction == PRO_SIMPREP_INCLUDE || data.included;
     auto item = data.representationItems->find(fullPath);
     if (item == data.representationItems->end()) return included;
     switch (item->second.type) {
-        case 1: return !included;
-        case 3: return false;
+        case PRO_SIMPREP_REVERSE: return !included;
+        case PRO_SIMPREP_EXCLUDE: return false;
         default: return true;
     }
 }
 
 // A sub-assembly: a group holding its children, its animation and then its
 // transform relative to the parent.
-void visitSubassembly(VantrelPlugin& plugin, const ComponentVisitData& data, ProMdl model,
-                      const ProAsmcomppath& fullPath, const ProAsmcomppath& localPath, const std::string& name,
-                      const ProMatrix toTop, const ProMatrix local, bool included, bool selected) {
-    nvx::nvxSceneapi_oo* scene = plugin.scene;
-    scene->begin_group(name);
-    scene->scene()->set_flags(ASSEMBLY_GROUP_FLAGS);
+void visitSubassembly(const ComponentVisitData& data, ProMdl model, const ProAsmcomppath& fullPath,
+                      const ProAsmcomppath& localPath, const std::string& name, const ProMatrix toTop,
+                      const ProMatrix local, bool included, bool selected) {
+    RunContext& run = *data.run;
+    SceneGroup node(run.scene, name, GroupFlags::Assembly);
     ComponentVisitData children;
+    children.run = data.run;
     children.path = fullPath;
     children.parentModel = model;
     children.versionStamps = data.versionStamps;
@@ -44,16 +44,13 @@ void visitSubassembly(VantrelPlugin& plugin, const ComponentVisitData& data, Pro
     children.selected = selected;
     invertSimilarity(toTop, children.parentInverse);
     ProSolidFeatVisit(model, visitComponent, filterComponent, &children);
-    emitAnimation(plugin, fullPath, localPath, name);
-    scene->scene()->apply_transform(&local[0][0]);
-    scene->end_group();
+    toolkit::rethrowVisitFailure();
+    node.place(run.plugin, fullPath, localPath, name, local);
 }
 
-}  // namespace
-
-ProError visitComponent(ProFeature* feature, ProError, ProAppData appData) {
-    auto& data = *static_cast<ComponentVisitData*>(appData);
-    VantrelPlugin& plugin = *VantrelPlugin::instance();
+ProError visitComponentBody(ProFeature* feature, ComponentVisitData& data) {
+    RunContext& run = *data.run;
+    const VantrelPlugin& plugin = run.plugin;
 
     ProMdl model = nullptr;
     ProAsmcompMdlGet(feature, &model);
@@ -77,36 +74,40 @@ ProError visitComponent(ProFeature* feature, ProError, ProAppData appData) {
 
     int type = 0;
     ProMdlTypeGet(model, &type);
-    std::string key = name + (type == MODEL_TYPE_ASSEMBLY ? ".asm" : ".prt");
-    if (type != MODEL_TYPE_PART && type != MODEL_TYPE_ASSEMBLY) return PRO_TK_NO_ERROR;
-    if (type == MODEL_TYPE_ASSEMBLY)
-        visitSubassembly(plugin, data, model, fullPath, localPath, name, toTop, local, included, selected);
+    std::string key = name + (type == PRO_MDL_ASSEMBLY ? ".asm" : ".prt");
+    if (type != PRO_MDL_PART && type != PRO_MDL_ASSEMBLY) return PRO_TK_NO_ERROR;
+    if (type == PRO_MDL_ASSEMBLY)
+        visitSubassembly(data, model, fullPath, localPath, name, toTop, local, included, selected);
 
     // partInstances has no producer, so every occurrence of a part goes out in
     // full as its own group; the instance form stands ready for such a table.
-    if (plugin.partInstances.count(key)) {
-        emitInstances(plugin, key, name);
+    if (run.partInstances.count(key)) {
+        emitInstances(run, key, name);
         return PRO_TK_NO_ERROR;
     }
     bool emitGeometry = shouldEmitGeometry(plugin.updateRun, changed, included, selected);
-    exportSolid(plugin, model, fullPath, localPath, name, local, emitGeometry);
+    exportSolid(run, model, fullPath, localPath, name, local, emitGeometry);
     return PRO_TK_NO_ERROR;
 }
 
-void emitInstances(VantrelPlugin& plugin, const std::string& key, const std::string& name) {
-    auto row = plugin.partInstances[key];
-    nvxScene_api& scene = *plugin.scene->scene();
+}  // namespace
+
+ProError visitComponent(ProFeature* feature, ProError, ProAppData appData) {
+    return toolkit::guardVisit([&] { return visitComponentBody(feature, *static_cast<ComponentVisitData*>(appData)); });
+}
+
+void emitInstances(RunContext& run, const std::string& key, const std::string& name) {
+    auto row = run.partInstances[key];
+    nvxScene_api& scene = *run.scene.scene();
     for (const auto& [record, ids] : row) {
-        plugin.scene->begin_group(name);
-        scene.set_flags(instanceGroupFlags);
+        SceneGroup group(run.scene, name, GroupFlags::ExactRows);
         for (int id : ids) {
             scene.begin_object(name.c_str(), true);
             scene.begin_geometry("instance");
             scene.set_attribute("id", ATTR_INT, &id);
             scene.end_geometry();
-            emitMaterial(plugin, name, record);
+            emitMaterial(scene, run.settings.separateMaterials, name, record);
             scene.end_object();
         }
-        plugin.scene->end_group();
     }
 }

@@ -5,13 +5,9 @@
 
 #include "export/ComponentVisitData.h"
 
-class VantrelPlugin;
-
 // The action of the feature visit; `data` is the ComponentVisitData of the
-// assembly being visited. Always answers 0, so the visit goes on.
+// assembly being visited. Answers 0, so the visit goes on.
 ProError visitComponent(ProFeature* feature, ProError status, ProAppData data);
 
-// Writes the instances of a part recorded in partInstances under `key`.
-void emitInstances(VantrelPlugin& plugin, const std::string& key, const std::string& name);
-
-enum : int { MODEL_TYPE_ASSEMBLY = 1, MODEL_TYPE_PART = 2, ASSEMBLY_GROUP_FLAGS = 32768 };
+// Writes the instances of a part recorded in the run's partInstances under `key`.
+void emitInstances(RunContext& run, const std::string& key, const std::string& name);

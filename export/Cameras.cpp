@@ -3,7 +3,6 @@
 #include "export/MatrixMath.h"
 #include "importers/sceneapi/LightCamera.h"
 #include "importers/sceneapi/nvxSceneapi_oo.h"
-#include "plugin/VantrelPlugin.h"
 #include "toolkit/btk/TextConversion.h"
 
 void viewOrientation(ProMdl model, ProView view, ProMatrix orientation) {
@@ -25,14 +24,20 @@ void setUpCamera(nvx::LightCamera& camera, const ProMatrix orientation) {
     camera.set_projection(0);
 }
 
+// The one writer of a camera: an orthographic camera of the view's
+// orientation, added to the scene and gone.
+void writeCamera(nvx::nvxSceneapi_oo& scene, const char* name, const ProMatrix orientation) {
+    nvx::LightCamera camera(name);
+    setUpCamera(camera, orientation);
+    scene.add(camera);
+}
+
 }  // namespace
 
-void exportCameras(VantrelPlugin& plugin, ProMdl model) {
+void exportCameras(nvx::nvxSceneapi_oo& scene, ProMdl model) {
     ProMatrix orientation;
     viewOrientation(model, nullptr, orientation);
-    nvx::LightCamera current("Current Creo camera");
-    setUpCamera(current, orientation);
-    plugin.scene->add(current);
+    writeCamera(scene, "Current Creo camera", orientation);
 
     ProLine* names = nullptr;
     int count = 0;
@@ -43,8 +48,6 @@ void exportCameras(VantrelPlugin& plugin, ProMdl model) {
         viewOrientation(model, view, orientation);
         char name[128];
         btk::narrowToBuffer(names[i], name, sizeof name);
-        nvx::LightCamera saved(name);
-        setUpCamera(saved, orientation);
-        plugin.scene->add(saved);
+        writeCamera(scene, name, orientation);
     }
 }

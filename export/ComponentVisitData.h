@@ -2,15 +2,17 @@
 // What the feature visit of an assembly carries from level to level.
 #include <map>
 
+#include "plugin/core/VantrelPlugin.h"
 #include "toolkit/ProAsmcomppathOrder.h"
 #include "toolkit/ProToolkit.h"
 
+struct RunContext;
+
 // Per-component rules of the chosen simplified representation.
 using RepresentationItems = std::map<ProAsmcomppath, SimprepAction, ProAsmcomppathLess>;
-// The version of each component's model as last sent, by full path.
-using VersionStamps = std::map<ProAsmcomppath, ProMdlVerstamp, ProAsmcomppathLess>;
 
 struct ComponentVisitData {
+    RunContext* run = nullptr;
     ProAsmcomppath path{};               // from the top model to the assembly being visited
     ProMdl parentModel = nullptr;        // the assembly being visited
     VersionStamps* versionStamps = nullptr;

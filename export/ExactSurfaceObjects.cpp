@@ -14,7 +14,7 @@ int writeExactSurfaces(nvxScene_api& scene, ScratchArrays& buffers, const ExactG
     int written = 0;
     for (ProSurfacedata exact : row) {
         if (!exact) continue;
-        clearTrimBuffers(buffers);
+        buffers.clearTrim();
         ContourVisitData data;
         data.solid = source.solid;
         data.surface = &surface;

@@ -8,7 +8,7 @@
 
 #include "export/InterfaceData.h"
 #include "importers/sceneapi/nvxScene_api.h"
-#include "plugin/ScratchArrays.h"
+#include "export/ScratchArrays.h"
 #include "toolkit/ProToolkit.h"
 
 // What the exact objects of a solid's surfaces are made from.

@@ -1,14 +1,16 @@
 #include "export/ExportDrivers.h"
 
 #include <cstdio>
-#include <exception>
 #include <memory>
 
 #include "export/AssemblyTraversal.h"
 #include "export/Cameras.h"
 #include "export/ImporterOptions.h"
 #include "export/MatrixMath.h"
+#include "export/ModelName.h"
 #include "export/Representations.h"
+#include "export/RunContext.h"
+#include "export/SceneGroup.h"
 #include "export/SolidExport.h"
 #include "export/Units.h"
 #include "export/UpdateTracking.h"
@@ -16,10 +18,8 @@
 #include "importers/sceneapi/LightFactory.h"
 #include "importers/sceneapi/RepeatLinkFactory.h"
 #include "importers/sceneapi/nvxSceneapi_oo.h"
-#include "platform/Files.h"
-#include "plugin/FinishDialog.h"
-#include "plugin/SettingsFile.h"
-#include "plugin/VantrelPlugin.h"
+#include "plugin/core/VantrelPlugin.h"
+#include "toolkit/HostCallback.h"
 #include "toolkit/btk/TextConversion.h"
 
 namespace {
@@ -33,17 +33,13 @@ struct CurrentModel {
 
 bool takeCurrentModel(CurrentModel& current) {
     if (ProMdlCurrentGet(&current.model) != PRO_TK_NO_ERROR || !current.model) return false;
-    ProMdlName wideName = {};
-    ProMdlNameGet(current.model, wideName);
-    wideName[sizeof wideName / sizeof wideName[0] - 1] = 0;
-    char name[260];
-    btk::narrowToBuffer(wideName, name, sizeof name);
-    current.name = name;
+    current.name = modelNameOf(current.model);
     ProModeCurrentGet(&current.mode);
     return true;
 }
 
-std::unique_ptr<nvx::LightFactory> makeFactory(VantrelPlugin& plugin, ExportRoad road, const std::string& modelName) {
+std::unique_ptr<nvx::LightFactory> makeFactory(const VantrelPlugin& plugin, ExportRoad road,
+                                               const std::string& modelName) {
     if (road == ExportRoad::File) {
         char path[1024];
         btk::narrowToBuffer(plugin.settings.exportPath.c_str(), path, sizeof path);
@@ -60,88 +56,66 @@ bool freshInstance(nvx::LightFactory& factory, ExportRoad road) {
     return static_cast<nvx::RepeatLinkFactory&>(factory).is_fresh_instance();
 }
 
+// The top group of the run, flagged as an assembly group on the live road.
+void sendModel(RunContext& run, const CurrentModel& current, ComponentVisitData& visitData) {
+    SceneGroup top(run.scene, current.name);
+    if (run.road != ExportRoad::File) top.setFlags(GroupFlags::Assembly);
+    exportModel(run, current.model, current.mode, visitData, current.name);
+}
+
 enum class RunEnd { Finished, RepresentationCancelled };
 
 // The steps of a run from taking the current model to closing the scene.
 RunEnd runScene(VantrelPlugin& plugin, ExportRoad road) {
     CurrentModel current;
     if (!takeCurrentModel(current)) return RunEnd::Finished;
-    plugin.meterScale = meterScaleOf(plugin, current.model);
+    const float meterScale = meterScaleOf(current.model);
 
     RepresentationItems representationItems;
     ComponentVisitData visitData;
     visitData.representationItems = &representationItems;
     if (road == ExportRoad::Update) selectForUpdate(plugin, current.mode, visitData);
-    if (current.mode == MODE_ASSEMBLY && !selectRepresentation(current.model, visitData))
+    if (current.mode == PRO_MODE_ASSEMBLY && !selectRepresentation(current.model, visitData))
         return RunEnd::RepresentationCancelled;
     if (road != ExportRoad::Update) plugin.versionStamps.clear();
 
     std::unique_ptr<nvx::LightFactory> factory = makeFactory(plugin, road, current.name);
-    // The layer lives for the run; plugin.scene is stale afterwards.
-    auto layer = std::make_unique<nvx::nvxSceneapi_oo>(*factory);
-    plugin.scene = layer.get();
-    if (!plugin.scene->scene()) {
-        if (road == ExportRoad::Render) std::printf("Failed");
-        return RunEnd::Finished;
+    {
+        nvx::nvxSceneapi_oo layer(*factory);
+        if (!layer.scene()) {
+            if (road == ExportRoad::Render) std::printf("Failed");
+            return RunEnd::Finished;
+        }
+        RunContext run(plugin, road, layer, meterScale);
+        addImporterOptions(layer, road, freshInstance(*factory, road), plugin.settings.upAxis, meterScale);
+        sendModel(run, current, visitData);
     }
-    addImporterOptions(*plugin.scene, road, freshInstance(*factory, road), plugin.settings.upAxis,
-                       plugin.meterScale);
-    plugin.scene->begin_group(current.name);
-    if (road != ExportRoad::File) plugin.scene->scene()->set_flags(ASSEMBLY_GROUP_FLAGS);
-    exportModel(plugin, current.model, current.mode, visitData, current.name);
-    plugin.scene->end_group();
-    plugin.partInstances.clear();
+    // Closed here rather than by the factory's destructor, so that a scene
+    // that can't be completed (a full disk) ends the run with its failure.
+    factory->close();
     return RunEnd::Finished;
-}
-
-// Directory and file name of the last export, offered by the file dialog.
-// A part that doesn't fit its buffer is offered empty.
-struct SaveDefaults {
-    std::u16string directory;
-    std::u16string name;
-};
-
-SaveDefaults saveDefaultsFrom(const std::u16string& exportPath) {
-    constexpr size_t directoryCapacity = 260, nameCapacity = 40;
-    SaveDefaults defaults;
-    if (exportPath.empty()) return defaults;
-    if (exportPath.size() < directoryCapacity) defaults.directory = exportPath;
-    size_t separator = defaults.directory.rfind(platform::pathSeparator);
-    if (separator == std::u16string::npos) return defaults;
-    std::u16string name = defaults.directory.substr(separator + 1);
-    if (name.size() < nameCapacity) defaults.name = name;
-    defaults.directory.resize(separator);
-    return defaults;
-}
-
-// A command action is called by the host: nothing may escape it.
-template <typename Run>
-void guardedRun(const char* command, Run run) {
-    try {
-        run();
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "%s: %s\n", command, error.what());
-    }
 }
 
 }  // namespace
 
-void exportModel(VantrelPlugin& plugin, ProMdl model, int mode, ComponentVisitData& visitData,
-                 const std::string& name) {
+void exportModel(RunContext& run, ProMdl model, int mode, ComponentVisitData& visitData, const std::string& name) {
     ProMdldata modelData{};
     ProMdlDataGet(model, &modelData);
     int modelType = 0;
     ProMdlTypeGet(model, &modelType);
-    exportCameras(plugin, model);
+    exportCameras(run.scene, model);
 
+    visitData.run = &run;
     visitData.parentModel = model;
     setIdentity(visitData.parentInverse);
-    visitData.versionStamps = &plugin.versionStamps;
+    visitData.versionStamps = &run.plugin.versionStamps;
     ProAsmcomppathInit(model, nullptr, 0, &visitData.path);
-    if (mode == MODE_ASSEMBLY)
+    if (mode == PRO_MODE_ASSEMBLY) {
         ProSolidFeatVisit(model, visitComponent, filterComponent, &visitData);
-    else if (mode != MODE_PART && mode != MODE_PART_ALTERNATE)
+        toolkit::rethrowVisitFailure();
+    } else if (mode != PRO_MODE_PART && mode != PRO_MODE_PART_ALTERNATE) {
         return;
+    }
 
     // The model's own outline and appearance are read; nothing uses them.
     Pro3dPnt outline[2] = {};
@@ -155,7 +129,7 @@ void exportModel(VantrelPlugin& plugin, ProMdl model, int mode, ComponentVisitDa
 
     ProMatrix identity;
     setIdentity(identity);
-    exportSolid(plugin, model, visitData.path, visitData.path, name, identity, true);
+    exportSolid(run, model, visitData.path, visitData.path, name, identity, true);
 }
 
 void exportToFile(VantrelPlugin& plugin) {
@@ -176,32 +150,4 @@ void updateLive(VantrelPlugin& plugin) {
     plugin.updateRun = true;
     if (runScene(plugin, ExportRoad::Update) == RunEnd::RepresentationCancelled) return;
     plugin.updateRun = false;
-}
-
-int renderCommandAction() {
-    ProLine value = {};
-    ProConfigoptGet("vantrel_settings", value);
-    ProConfigoptGet("what", value);
-    guardedRun("Vantrel Plugin Render", [] { renderLive(*VantrelPlugin::instance()); });
-    return 0;
-}
-
-int updateCommandAction() {
-    guardedRun("Vantrel Plugin Update", [] { updateLive(*VantrelPlugin::instance()); });
-    return 0;
-}
-
-int exportCommandAction() {
-    VantrelPlugin& plugin = *VantrelPlugin::instance();
-    SaveDefaults defaults = saveDefaultsFrom(plugin.settings.exportPath);
-    ProPath chosen = {};
-    if (ProFileSave(u"Save as vnz", u"*.vnz", nullptr, nullptr, defaults.directory.c_str(), defaults.name.c_str(),
-                    chosen) == PRO_TK_USER_ABORT)
-        return 0;
-    chosen[sizeof chosen / sizeof chosen[0] - 1] = 0;
-    plugin.settings.exportPath = chosen;
-    guardedRun("Vantrel Plugin Export", [&plugin] { exportToFile(plugin); });
-    showExportFinished();
-    saveSettings(plugin);
-    return 0;
 }

@@ -1,17 +1,15 @@
 #pragma once
 // The drivers of the Render, Update and Export commands: each opens a scene,
 // tells the importer how to take it, wraps the current model in one group
-// named after it, sends the model and closes.
+// named after it, sends the model and closes. A failure that the scene
+// raises (a file that can't be opened or closed) leaves the driver and ends
+// the run where the command action catches it.
 #include <string>
 
 #include "export/ComponentVisitData.h"
 
 class VantrelPlugin;
-
-// Host command actions: no arguments, answer 0.
-int renderCommandAction();
-int exportCommandAction();
-int updateCommandAction();
+struct RunContext;
 
 void exportToFile(VantrelPlugin& plugin);
 void renderLive(VantrelPlugin& plugin);
@@ -19,7 +17,4 @@ void updateLive(VantrelPlugin& plugin);
 
 // The body common to the three drivers: the cameras, the components, then the
 // model's own solid.
-void exportModel(VantrelPlugin& plugin, ProMdl model, int mode, ComponentVisitData& visitData,
-                 const std::string& name);
-
-enum : int { MODE_PART = 1, MODE_PART_ALTERNATE = 2, MODE_ASSEMBLY = 5 };
+void exportModel(RunContext& run, ProMdl model, int mode, ComponentVisitData& visitData, const std::string& name);

@@ -1,11 +1,11 @@
 #pragma once
 // How the application's importer takes a run's scene: one options module,
 // filled by road.
+#include "export/ExportRoad.h"
+
 namespace nvx {
 class nvxSceneapi_oo;
 }
-
-enum class ExportRoad { File, Render, Update };
 
 // Fills the importer's options module for the road and adds it to the scene.
 // `freshInstance` tells whether the connected application does not yet show

@@ -39,3 +39,13 @@ void collectInterfaceData(ProSolid solid, ProIntfData* data, std::set<int> surfa
 
 // Frees the block if there is one.
 void freeInterfaceData(ProIntfData data);
+
+// Frees the block it refers to when it goes, also when a failure ends the
+// part's rows.
+struct InterfaceDataRelease {
+    explicit InterfaceDataRelease(ProIntfData& data) : data(data) {}
+    ProIntfData& data;
+    InterfaceDataRelease(const InterfaceDataRelease&) = delete;
+    InterfaceDataRelease& operator=(const InterfaceDataRelease&) = delete;
+    ~InterfaceDataRelease() { freeInterfaceData(data); }
+};

@@ -2,8 +2,7 @@
 
 #include <cstdio>
 
-#include "importers/sceneapi/nvxSceneapi_oo.h"
-#include "plugin/VantrelPlugin.h"
+#include "toolkit/ProToolkit.h"
 #include "toolkit/btk/TextConversion.h"
 
 int materialComponent(double colour, float intensity) {
@@ -71,12 +70,12 @@ void beginAdvancedShader(nvxScene_api& scene, const float diffuse[3], const Shad
 
 }  // namespace
 
-void emitMaterial(VantrelPlugin& plugin, const std::string& partName, const MaterialRecord& record) {
-    nvxScene_api& scene = *plugin.scene->scene();
+void emitMaterial(nvxScene_api& scene, bool separateMaterials, const std::string& partName,
+                  const MaterialRecord& record) {
     int red = materialComponent(record.red, record.intensity);
     int green = materialComponent(record.green, record.intensity);
     int blue = materialComponent(record.blue, record.intensity);
-    std::string key = materialKey(plugin.settings.separateMaterials, partName, record.name, red, green, blue);
+    std::string key = materialKey(separateMaterials, partName, record.name, red, green, blue);
     const float diffuse[3] = {static_cast<float>(red) / 255.0f, static_cast<float>(green) / 255.0f,
                               static_cast<float>(blue) / 255.0f};
 

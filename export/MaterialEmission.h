@@ -3,8 +3,8 @@
 #include <string>
 
 #include "export/MaterialRecord.h"
+#include "importers/sceneapi/nvxScene_api.h"
 
-class VantrelPlugin;
 
 // The 0..255 component that a colour and a diffuse coefficient give, in the
 // mix of precisions that the application's keys rely on.
@@ -15,4 +15,7 @@ int materialComponent(double colour, float intensity);
 std::string materialKey(bool separateMaterials, const std::string& partName, const std::string& name, int red,
                         int green, int blue);
 
-void emitMaterial(VantrelPlugin& plugin, const std::string& partName, const MaterialRecord& record);
+// The material block of the open object: its key, then a diffuse shader, or
+// a texture shader under an advanced one when the record has a texture.
+void emitMaterial(nvxScene_api& scene, bool separateMaterials, const std::string& partName,
+                  const MaterialRecord& record);

@@ -1,16 +1,10 @@
 #pragma once
-// The "triangles" object of a mesh in the plug-in's mesh buffers, with its
-// material.
+// The "triangles" object of the mesh in the run's buffers, with its material.
 #include <string>
 
 #include "export/MaterialRecord.h"
+#include "export/ScratchArrays.h"
+#include "importers/sceneapi/nvxScene_api.h"
 
-class VantrelPlugin;
-
-void writeMeshObject(VantrelPlugin& plugin, const std::string& partName, const MaterialRecord& record);
-
-// The mesh buffers hold a mesh worth writing: vertices and triangles.
-bool meshIsWritable(const VantrelPlugin& plugin);
-
-// Empties the four mesh buffers, keeping their storage.
-void clearMeshBuffers(VantrelPlugin& plugin);
+void writeMeshObject(nvxScene_api& scene, const ScratchArrays& buffers, const std::string& partName,
+                     const MaterialRecord& record, bool separateMaterials);

@@ -1,5 +1,7 @@
 #include "export/Representations.h"
 
+#include "toolkit/HostCallback.h"
+
 namespace {
 
 struct RepresentationCount {
@@ -8,10 +10,12 @@ struct RepresentationCount {
 };
 
 ProError countRepresentation(ProSimprep* simprep, ProError, ProAppData data) {
-    auto* counted = static_cast<RepresentationCount*>(data);
-    if (counted->count == 0) counted->first = *simprep;
-    ++counted->count;
-    return PRO_TK_NO_ERROR;
+    return toolkit::guardVisit([&] {
+        auto* counted = static_cast<RepresentationCount*>(data);
+        if (counted->count == 0) counted->first = *simprep;
+        ++counted->count;
+        return PRO_TK_NO_ERROR;
+    });
 }
 
 struct ItemCollection {
@@ -20,7 +24,7 @@ struct ItemCollection {
 };
 
 bool includeEverything(ComponentVisitData& visitData) {
-    visitData.defaultAction = 2;
+    visitData.defaultAction = PRO_SIMPREP_INCLUDE;
     visitData.included = true;
     return true;
 }
@@ -28,13 +32,16 @@ bool includeEverything(ComponentVisitData& visitData) {
 }  // namespace
 
 ProError collectRepresentationItem(ProSimprepitem* item, ProError, ProAppData data) {
-    auto* collection = static_cast<ItemCollection*>(data);
-    if (item->componentIdCount == -1) return PRO_TK_NO_ERROR;
-    ProAsmcomppath path{};
-    if (ProAsmcomppathInit(collection->model, item->componentIds, item->componentIdCount, &path) != PRO_TK_NO_ERROR)
+    return toolkit::guardVisit([&] {
+        auto* collection = static_cast<ItemCollection*>(data);
+        if (item->componentIdCount == -1) return PRO_TK_NO_ERROR;
+        ProAsmcomppath path{};
+        if (ProAsmcomppathInit(collection->model, item->componentIds, item->componentIdCount, &path) !=
+            PRO_TK_NO_ERROR)
+            return PRO_TK_NO_ERROR;
+        (*collection->items)[path] = item->action;
         return PRO_TK_NO_ERROR;
-    (*collection->items)[path] = item->action;
-    return PRO_TK_NO_ERROR;
+    });
 }
 
 bool selectRepresentation(ProMdl model, ComponentVisitData& visitData) {
@@ -45,6 +52,7 @@ bool selectRepresentation(ProMdl model, ComponentVisitData& visitData) {
 
     RepresentationCount counted;
     ProSolidSimprepVisit(model, nullptr, countRepresentation, &counted);
+    toolkit::rethrowVisitFailure();
     if (counted.count == 0) return includeEverything(visitData);
 
     ProSimprep representation = counted.first;
@@ -57,5 +65,6 @@ bool selectRepresentation(ProMdl model, ComponentVisitData& visitData) {
     ItemCollection collection{visitData.representationItems, model};
     ProSimprepdataitemsVisit(data, collectRepresentationItem, &collection);
     ProSimprepdataFree(&data);
+    toolkit::rethrowVisitFailure();
     return true;
 }

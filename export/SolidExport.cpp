@@ -1,44 +1,23 @@
 #include "export/SolidExport.h"
 
 #include <map>
+#include <optional>
 #include <vector>
 
-#include "animation/AnimationEmission.h"
 #include "export/Appearances.h"
 #include "export/ExactSurfaceObjects.h"
+#include "export/FacetMesh.h"
 #include "export/InterfaceData.h"
-#include "export/FacetSets.h"
 #include "export/MaterialEmission.h"
 #include "export/MeshObject.h"
+#include "export/ModelName.h"
+#include "export/RunContext.h"
+#include "export/SceneGroup.h"
 #include "export/SolidGeometry.h"
 #include "export/Tessellation.h"
-#include "export/VisibilityFilters.h"
 #include "importers/sceneapi/nvxSceneapi_oo.h"
-#include "plugin/VantrelPlugin.h"
-#include "toolkit/btk/TextConversion.h"
-
-std::string modelNameOf(ProMdl model) {
-    ProMdlName name = {};
-    ProMdlNameGet(model, name);
-    name[sizeof name / sizeof name[0] - 1] = 0;
-    return btk::toolkitNarrow(name);
-}
 
 namespace {
-
-ProError collectSurface(ProSurface surface, ProError, ProAppData data) {
-    auto* geometry = static_cast<SolidGeometry*>(data);
-    int id = 0;
-    ProSurfaceIdGet(surface, &id);
-    geometry->surfaces.push_back(surface);
-    geometry->surfaceIds.insert(id);
-    return PRO_TK_NO_ERROR;
-}
-
-ProError collectQuiltSurfaces(ProQuilt quilt, ProError, ProAppData data) {
-    ProQuiltSurfaceVisit(quilt, collectSurface, filterSurface, data);
-    return PRO_TK_NO_ERROR;
-}
 
 // The solid's own appearance and texture records, when the host has them.
 struct SolidAppearance {
@@ -46,22 +25,25 @@ struct SolidAppearance {
     TextureProps texture{};
     bool hasProps = false;
     bool hasTexture = false;
+
+    const AppearanceProps* propsOrNull() const { return hasProps ? &props : nullptr; }
+    const TextureProps* textureOrNull() const { return hasTexture ? &texture : nullptr; }
 };
 
-SolidAppearance readSolidAppearance(ProSolid solid) {
+SolidAppearance readSolidAppearance(ProSolid solid, bool withTexture) {
     SolidAppearance appearance;
     ProModelitem item{};
     ProMdlToModelitem(solid, &item);
     appearance.hasProps = ProSurfaceAppearancepropsGet(&item, &appearance.props) == PRO_TK_NO_ERROR;
-    appearance.hasTexture = ProSurfaceTexturepropsGet(&item, &appearance.texture) == PRO_TK_NO_ERROR;
+    if (withTexture)
+        appearance.hasTexture = ProSurfaceTexturepropsGet(&item, &appearance.texture) == PRO_TK_NO_ERROR;
     return appearance;
 }
 
 using MeshGroups = std::map<MaterialRecord, std::vector<int>>;
 
-MeshGroups groupSurfacesByAppearance(VantrelPlugin& plugin, const SolidGeometry& geometry,
-                                     const ProAsmcomppath& fullPath, const std::string& partName,
-                                     const SolidAppearance& appearance) {
+MeshGroups groupSurfacesByAppearance(const RunContext& run, const SolidGeometry& geometry,
+                                     const ProAsmcomppath& fullPath, const SolidAppearance& appearance) {
     MeshGroups groups;
     for (size_t i = 0; i < geometry.surfaces.size(); ++i) {
         int id = 0;
@@ -69,73 +51,87 @@ MeshGroups groupSurfacesByAppearance(VantrelPlugin& plugin, const SolidGeometry&
         ProGeomitem item{};
         ProSurfaceToGeomitem(geometry.solid, geometry.surfaces[i], &item);
         MaterialRecord record =
-            resolveAppearance(plugin, partName, &item, fullPath, appearance.hasProps ? &appearance.props : nullptr,
-                              appearance.hasTexture ? &appearance.texture : nullptr);
+            resolveAppearance(run.settings.useAssemblyMaterials, &item, fullPath, appearance.propsOrNull(),
+                              appearance.textureOrNull());
         groups[record].push_back(static_cast<int>(i));
     }
     return groups;
 }
 
-// With NURBS on, `exact` gives each surface's exact objects, written after
-// its triangles were taken.
-void writeMeshGroup(VantrelPlugin& plugin, const SolidGeometry& geometry, const MaterialRecord& record,
-                    const std::vector<int>& surfaceIndices, const std::string& partName,
-                    ProSurfaceTessellationInput input, const ExactGeometrySource* exact) {
-    const bool nurbs = plugin.settings.includeNURBS;
-    if (nurbs) {
-        plugin.scene->begin_group(partName);
-        plugin.scene->scene()->set_flags(66560);
-    }
-    clearMeshBuffers(plugin);
+// The surfaces of one appearance as one mesh; with exact surfaces on, in a
+// group of their own, where each surface's exact objects follow once its
+// triangles were taken.
+void writeMeshRow(RunContext& run, const SolidGeometry& geometry, const MaterialRecord& record,
+                  const std::vector<int>& surfaceIndices, const std::string& partName,
+                  ProSurfaceTessellationInput input, const ExactGeometrySource* exact) {
+    std::optional<SceneGroup> exactRows;
+    if (run.settings.includeNURBS) exactRows.emplace(run.scene, partName, GroupFlags::ExactRows);
+    ScratchArrays& buffers = run.buffers;
+    nvxScene_api& scene = *run.scene.scene();
+    buffers.clearMesh();
     int indexBase = 0;
     for (int index : surfaceIndices) {
         ProSurface surface = geometry.surfaces[static_cast<size_t>(index)];
-        if (tessellateSurface(plugin, surface, record, geometry.solid, partName, input, &indexBase) && exact)
-            writeExactSurfaces(*plugin.scene->scene(), plugin.scratchArrays, *exact, surface, partName,
-                               [&] { emitMaterial(plugin, partName, record); });
+        if (tessellateSurface(buffers, surface, geometry.solid, run.settings.tessellationQuality, input,
+                              &indexBase) &&
+            exact)
+            writeExactSurfaces(scene, buffers, *exact, surface, partName,
+                               [&] { emitMaterial(scene, run.settings.separateMaterials, partName, record); });
     }
-    if (meshIsWritable(plugin)) writeMeshObject(plugin, partName, record);
-    if (nurbs) plugin.scene->end_group();
+    if (buffers.meshIsWritable())
+        writeMeshObject(scene, buffers, partName, record, run.settings.separateMaterials);
 }
 
-void exportSurfaces(VantrelPlugin& plugin, const SolidGeometry& geometry, const ProAsmcomppath& fullPath,
+void exportSurfaces(RunContext& run, const SolidGeometry& geometry, const ProAsmcomppath& fullPath,
                     const ProAsmcomppath& localPath, const std::string& name, const ProMatrix matrix,
                     bool emitGeometry) {
     std::string partName = modelNameOf(geometry.solid);
-    ProSurfaceTessellationInput input =
-        makeTessellationInput(plugin, geometry.solid, plugin.settings.tessellationQuality);
-    SolidAppearance appearance = readSolidAppearance(geometry.solid);
+    ProSurfaceTessellationInput input = makeTessellationInput(geometry.solid, run.settings.tessellationQuality);
+    SolidAppearance appearance = readSolidAppearance(geometry.solid, true);
 
-    plugin.scene->begin_group(name);
+    SceneGroup node(run.scene, name);
     if (emitGeometry) {
-        plugin.scene->scene()->set_flags(1024);
+        node.setFlags(GroupFlags::Solid);
+        const bool nurbs = run.settings.includeNURBS;
         InterfaceTables tables;
         ExactGeometrySource exact{geometry.solid, nullptr, &tables, &geometry.surfaceIds};
-        if (plugin.settings.includeNURBS)
+        InterfaceDataRelease release{exact.interfaceData};
+        if (nurbs)
             collectInterfaceData(geometry.solid, &exact.interfaceData, geometry.surfaceIds, geometry.surfaces, tables);
-        MeshGroups groups = groupSurfacesByAppearance(plugin, geometry, fullPath, partName, appearance);
+        MeshGroups groups = groupSurfacesByAppearance(run, geometry, fullPath, appearance);
         for (const auto& [record, surfaceIndices] : groups)
-            writeMeshGroup(plugin, geometry, record, surfaceIndices, partName, input,
-                           plugin.settings.includeNURBS ? &exact : nullptr);
-        freeInterfaceData(exact.interfaceData);
+            writeMeshRow(run, geometry, record, surfaceIndices, partName, input, nurbs ? &exact : nullptr);
     }
     ProSurfacetessellationinputFree(input);
-    emitAnimation(plugin, fullPath, localPath, name);
-    plugin.scene->scene()->apply_transform(&matrix[0][0]);
-    plugin.scene->end_group();
+    node.place(run.plugin, fullPath, localPath, name, matrix);
+}
+
+void exportFacets(RunContext& run, const SolidGeometry& geometry, const ProAsmcomppath& fullPath,
+                  const ProAsmcomppath& localPath, const std::string& name, const ProMatrix matrix,
+                  bool emitGeometry) {
+    std::string partName = modelNameOf(geometry.solid);
+    SolidAppearance appearance = readSolidAppearance(geometry.solid, false);
+
+    SceneGroup node(run.scene, name);
+    if (emitGeometry) {
+        node.setFlags(GroupFlags::Solid);
+        MaterialRecord record = resolveAppearance(run.settings.useAssemblyMaterials, nullptr, fullPath,
+                                                  appearance.propsOrNull(), nullptr);
+        run.buffers.clearMesh();
+        appendFacetMesh(geometry.facets, run.buffers);
+        if (run.buffers.meshIsWritable())
+            writeMeshObject(*run.scene.scene(), run.buffers, partName, record, run.settings.separateMaterials);
+    }
+    node.place(run.plugin, fullPath, localPath, name, matrix);
 }
 
 }  // namespace
 
-void exportSolid(VantrelPlugin& plugin, ProSolid model, const ProAsmcomppath& fullPath,
-                 const ProAsmcomppath& localPath, std::string name, const ProMatrix matrix, bool emitGeometry) {
-    SolidGeometry geometry;
-    geometry.solid = model;
-    ProSolidSurfaceVisit(model, collectSurface, filterSurface, &geometry);
-    ProSolidQuiltVisit(model, collectQuiltSurfaces, filterQuilt, &geometry);
-    collectFacets(model, geometry);
+void exportSolid(RunContext& run, ProSolid model, const ProAsmcomppath& fullPath, const ProAsmcomppath& localPath,
+                 const std::string& name, const ProMatrix matrix, bool emitGeometry) {
+    SolidGeometry geometry = collectSolidGeometry(model);
     if (!geometry.surfaces.empty())
-        exportSurfaces(plugin, geometry, fullPath, localPath, name, matrix, emitGeometry);
-    if (!geometry.facets.empty()) exportFacets(plugin, geometry, fullPath, localPath, name, matrix, emitGeometry);
-    plugin.scratchArrays.clear();
+        exportSurfaces(run, geometry, fullPath, localPath, name, matrix, emitGeometry);
+    if (!geometry.facets.empty()) exportFacets(run, geometry, fullPath, localPath, name, matrix, emitGeometry);
+    run.buffers.clear();
 }

@@ -12,3 +12,13 @@ struct SolidGeometry {
     std::set<int> surfaceIds;
     ProSolid solid = nullptr;
 };
+
+// Visits the solid's surfaces, its quilts' surfaces and its facet sets'
+// facets, in that order, through the visibility filters.
+SolidGeometry collectSolidGeometry(ProSolid solid);
+
+// The actions of those visits; `data` is the SolidGeometry being filled.
+ProError collectSurface(ProSurface surface, ProError status, ProAppData data);
+ProError collectQuiltSurfaces(ProQuilt quilt, ProError status, ProAppData data);
+ProError collectFacetsetFacets(ProFacetset facetset, ProError status, ProAppData data);
+ProError collectFacet(ProFacet facet, ProError status, ProAppData data);

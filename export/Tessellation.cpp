@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "plugin/VantrelPlugin.h"
 
 double solidDiagonal(ProSolid solid) {
     Pro3dPnt outline[2] = {};
@@ -20,7 +19,7 @@ double chordHeightFor(double diagonal, double quality) {
     return coarse - t * (coarse - fine);
 }
 
-ProSurfaceTessellationInput makeTessellationInput(VantrelPlugin&, ProSolid solid, double quality) {
+ProSurfaceTessellationInput makeTessellationInput(ProSolid solid, double quality) {
     ProSurfaceTessellationInput input = nullptr;
     ProSurfacetessellationinputAlloc(&input);
     ProSurfacetessellationinputChordheightSet(input, chordHeightFor(solidDiagonal(solid), quality));
@@ -30,9 +29,8 @@ ProSurfaceTessellationInput makeTessellationInput(VantrelPlugin&, ProSolid solid
 
 namespace {
 
-ProError tessellateAt(VantrelPlugin& plugin, ProSurface surface, ProSolid solid, double quality,
-                      ProTessellation* tessellation) {
-    ProSurfaceTessellationInput input = makeTessellationInput(plugin, solid, quality);
+ProError tessellateAt(ProSurface surface, ProSolid solid, double quality, ProTessellation* tessellation) {
+    ProSurfaceTessellationInput input = makeTessellationInput(solid, quality);
     *tessellation = nullptr;
     ProError status = ProSurfaceTessellationGet(surface, input, tessellation);
     ProSurfacetessellationinputFree(input);
@@ -41,13 +39,12 @@ ProError tessellateAt(VantrelPlugin& plugin, ProSurface surface, ProSolid solid,
 
 // A surface the host refuses at the setting is tried at finer qualities first,
 // then from the same start downwards, through the setting itself.
-ProError retryLadder(VantrelPlugin& plugin, ProSurface surface, ProSolid solid, ProTessellation* tessellation) {
-    const double setting = plugin.settings.tessellationQuality;
+ProError retryLadder(ProSurface surface, ProSolid solid, double setting, ProTessellation* tessellation) {
     ProError status = PRO_TK_GENERAL_ERROR;
     for (double q = setting + 0.1; q < 1.0 && status != PRO_TK_NO_ERROR; q += 0.1)
-        status = tessellateAt(plugin, surface, solid, q, tessellation);
+        status = tessellateAt(surface, solid, q, tessellation);
     for (double q = setting + 0.1; !(q < 0.0) && status != PRO_TK_NO_ERROR; q -= 0.1)
-        status = tessellateAt(plugin, surface, solid, q, tessellation);
+        status = tessellateAt(surface, solid, q, tessellation);
     return status;
 }
 
@@ -71,14 +68,13 @@ HostArray<Element> fetchArray(ProTessellation tessellation, ProError (*fetch)(Pr
     return array;
 }
 
-void appendSurfaceMesh(VantrelPlugin& plugin, ProTessellation tessellation, int indexBase, int* vertexCount) {
+void appendSurfaceMesh(ScratchArrays& buffers, ProTessellation tessellation, int indexBase, int* vertexCount) {
     auto vertices = fetchArray<Pro3dPnt>(tessellation, ProTessellationVerticesGet);
     auto normals = fetchArray<ProVector>(tessellation, ProTessellationNormalsGet);
     auto parameters = fetchArray<Pro2dPnt>(tessellation, ProTessellationParamsGet);
     auto triangles = fetchArray<ProTriangle>(tessellation, ProTessellationFacetsGet);
     *vertexCount = vertices.size;
     if (vertices.data && triangles.data) {
-        ScratchArrays& buffers = plugin.scratchArrays;
         for (int i = 0; i < vertices.size; ++i) {
             for (int axis = 0; axis < 3; ++axis) {
                 buffers.meshVertices.push_back(static_cast<float>(vertices.data[i][axis]));
@@ -101,17 +97,17 @@ void appendSurfaceMesh(VantrelPlugin& plugin, ProTessellation tessellation, int 
 
 }  // namespace
 
-bool tessellateSurface(VantrelPlugin& plugin, ProSurface surface, MaterialRecord, ProSolid solid,
-                       const std::string&, ProSurfaceTessellationInput input, int* indexBase) {
+bool tessellateSurface(ScratchArrays& buffers, ProSurface surface, ProSolid solid, double quality,
+                       ProSurfaceTessellationInput input, int* indexBase) {
     int surfaceId = 0;
     ProSurfaceIdGet(surface, &surfaceId);
     ProTessellation tessellation = nullptr;
     ProError status = ProSurfaceTessellationGet(surface, input, &tessellation);
-    if (status != PRO_TK_NO_ERROR) status = retryLadder(plugin, surface, solid, &tessellation);
+    if (status != PRO_TK_NO_ERROR) status = retryLadder(surface, solid, quality, &tessellation);
     if (status != PRO_TK_NO_ERROR || !tessellation) return false;
 
     int vertexCount = 0;
-    appendSurfaceMesh(plugin, tessellation, *indexBase, &vertexCount);
+    appendSurfaceMesh(buffers, tessellation, *indexBase, &vertexCount);
     *indexBase += vertexCount;
     ProTessellationFree(tessellation);
     return true;

@@ -1,10 +1,8 @@
 #pragma once
 // From the quality setting to the host's tessellation input, and the
 // triangulation of one surface with its retry ladder.
-#include "export/MaterialRecord.h"
+#include "export/ScratchArrays.h"
 #include "toolkit/ProToolkit.h"
-
-class VantrelPlugin;
 
 // The distance between the two corners of the solid's outline; 1.0 if the
 // host can't give the outline.
@@ -16,10 +14,11 @@ double chordHeightFor(double diagonal, double quality);
 
 // A tessellation input at the chord height for the quality; the caller frees
 // it with ProSurfacetessellationinputFree.
-ProSurfaceTessellationInput makeTessellationInput(VantrelPlugin& plugin, ProSolid solid, double quality);
+ProSurfaceTessellationInput makeTessellationInput(ProSolid solid, double quality);
 
-// Triangulates one surface and appends it to the plug-in's mesh buffers. A
-// surface that the host refuses at every rung is left out, and answers false.
-// The index base grows by the surface's vertex count.
-bool tessellateSurface(VantrelPlugin& plugin, ProSurface surface, MaterialRecord record, ProSolid solid,
-                       const std::string& partName, ProSurfaceTessellationInput input, int* indexBase);
+// Triangulates one surface and appends it to the mesh buffers. A surface that
+// the host refuses at `input` is tried along the ladder around the quality
+// setting; one refused at every rung is left out and answers false. The
+// index base grows by the surface's vertex count.
+bool tessellateSurface(ScratchArrays& buffers, ProSurface surface, ProSolid solid, double quality,
+                       ProSurfaceTessellationInput input, int* indexBase);

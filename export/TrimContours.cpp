@@ -2,6 +2,8 @@
 
 #include <cstddef>
 
+#include "toolkit/HostCallback.h"
+
 namespace {
 
 template <typename Element>
@@ -33,13 +35,12 @@ void freeCurves(ProCurvedata curves[2]) {
     }
 }
 
-ProError visitContourEdge(ProEdge edge, ProError, ProAppData appData) {
-    auto& data = *static_cast<ContourVisitData*>(appData);
+void readContourEdge(ProEdge edge, ContourVisitData& data) {
     int edgeId = 0;
     ProEdgeIdGet(edge, &edgeId);
     const int index = (*data.edgeIndexById)[edgeId];
     ProEdgedata edgeData = nullptr;
-    if (ProIntfDataEdgeGet(data.interfaceData, index, &edgeData) != PRO_TK_NO_ERROR) return PRO_TK_NO_ERROR;
+    if (ProIntfDataEdgeGet(data.interfaceData, index, &edgeData) != PRO_TK_NO_ERROR) return;
 
     ProCurvedata curves[2] = {nullptr, nullptr};
     ProCurvedataAlloc(&curves[0]);
@@ -59,21 +60,31 @@ ProError visitContourEdge(ProEdge edge, ProError, ProAppData appData) {
     }
     freeCurves(curves);
     ProEdgedataMemoryFree(edgeData);
-    return PRO_TK_NO_ERROR;
+}
+
+ProError visitContourEdge(ProEdge edge, ProError, ProAppData appData) {
+    return toolkit::guardVisit([&] {
+        readContourEdge(edge, *static_cast<ContourVisitData*>(appData));
+        return PRO_TK_NO_ERROR;
+    });
 }
 
 ProError visitContour(ProContour contour, ProError, ProAppData appData) {
-    auto& data = *static_cast<ContourVisitData*>(appData);
-    int traversal = PRO_CONTOUR_TRAV_NONE;
-    ProContourTraversalGet(contour, &traversal);
-    beginTrimContour(*data.buffers);
-    ProContourEdgeVisit(*data.surface, contour, visitContourEdge, nullptr, appData);
-    std::vector<TrimCurve> chained = chainTrimCurves(std::move(data.curves));
-    data.curves.clear();
-    orientTrimCurves(chained, traversal);
-    for (const TrimCurve& curve : chained) appendTrimCurve(*data.buffers, curve);
-    endTrimContour(*data.buffers, traversal);
-    return PRO_TK_NO_ERROR;
+    return toolkit::guardVisit([&] {
+        auto& data = *static_cast<ContourVisitData*>(appData);
+        int traversal = PRO_CONTOUR_TRAV_NONE;
+        ProContourTraversalGet(contour, &traversal);
+        beginTrimContour(*data.buffers);
+        data.curves.clear();
+        ProContourEdgeVisit(*data.surface, contour, visitContourEdge, nullptr, appData);
+        toolkit::rethrowVisitFailure();
+        std::vector<TrimCurve> chained = chainTrimCurves(std::move(data.curves));
+        data.curves.clear();
+        orientTrimCurves(chained, traversal);
+        for (const TrimCurve& curve : chained) appendTrimCurve(*data.buffers, curve);
+        endTrimContour(*data.buffers, traversal);
+        return PRO_TK_NO_ERROR;
+    });
 }
 
 }  // namespace
@@ -98,4 +109,5 @@ bool readTrimCurve(ProCurvedata curve, TrimCurve& result) {
 
 void readTrimContours(ContourVisitData& data) {
     ProSurfaceContourVisit(*data.surface, visitContour, nullptr, &data);
+    toolkit::rethrowVisitFailure();
 }

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "export/TrimCurves.h"
-#include "plugin/ScratchArrays.h"
+#include "export/ScratchArrays.h"
 #include "toolkit/ProToolkit.h"
 
 struct ContourVisitData {

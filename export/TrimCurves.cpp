@@ -100,20 +100,6 @@ void orientTrimCurves(std::vector<TrimCurve>& curves, int traversal) {
     for (TrimCurve& curve : curves) curve = reverseTrimCurve(curve);
 }
 
-void clearTrimBuffers(ScratchArrays& buffers) {
-    buffers.reservedFloatsA.clear();
-    buffers.reservedFloatsB.clear();
-    buffers.reservedFloatsC.clear();
-    buffers.trimEdgeCounts.clear();
-    buffers.trimInside.clear();
-    buffers.edgeOrders.clear();
-    buffers.edgeKnotCounts.clear();
-    buffers.edgeMins.clear();
-    buffers.edgeMaxs.clear();
-    buffers.edgeKnots.clear();
-    buffers.edgeUvws.clear();
-}
-
 void beginTrimContour(ScratchArrays& buffers) { buffers.trimEdgeCounts.push_back(0); }
 
 void appendTrimCurve(ScratchArrays& buffers, const TrimCurve& curve) {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "importers/sceneapi/nvxScene_api.h"
-#include "plugin/ScratchArrays.h"
+#include "export/ScratchArrays.h"
 
 // A B-spline curve in surface parameters: u and v of each control point (the
 // host's third coordinate is kept but never sent), weights empty for an
@@ -39,10 +39,6 @@ int contourTurns(const std::vector<TrimCurve>& curves);
 // is 0 or more, and of a hole (traversal -1) whose count is below 0; the
 // order of the curves stays. Traversal 0 is never reversed.
 void orientTrimCurves(std::vector<TrimCurve>& curves, int traversal);
-
-// Clears the eight trim buffers and the three that nothing writes; the mesh
-// buffers are left alone.
-void clearTrimBuffers(ScratchArrays& buffers);
 
 // Starts a contour: a 0 curve count, to which appendTrimCurve adds.
 void beginTrimContour(ScratchArrays& buffers);

@@ -17,7 +17,7 @@ float meterScaleOfUnitName(const char16_t* unitName) {
     return 1.0f;
 }
 
-float meterScaleOf(VantrelPlugin&, ProMdl model) {
+float meterScaleOf(ProMdl model) {
     ProUnitsystem system{};
     ProMdlPrincipalunitsystemGet(model, &system);
     int systemType = 0;

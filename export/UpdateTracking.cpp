@@ -1,17 +1,11 @@
 #include "export/UpdateTracking.h"
 
-#include "plugin/VantrelPlugin.h"
-
-namespace {
-
-constexpr int assemblyMode = 5;
-
-}  // namespace
+#include "plugin/core/VantrelPlugin.h"
 
 void selectForUpdate(VantrelPlugin& plugin, int mode, ComponentVisitData& visitData) {
     plugin.selection = nullptr;
     plugin.selectionCount = 0;
-    if (plugin.updateRun && plugin.settings.selectionMode == 1 && mode == assemblyMode)
+    if (plugin.updateRun && plugin.settings.selectionMode == 1 && mode == PRO_MODE_ASSEMBLY)
         ProSelect("prt_or_asm", -1, nullptr, nullptr, nullptr, nullptr, &plugin.selection, &plugin.selectionCount);
     visitData.selected = false;
     for (int i = 0; i < plugin.selectionCount && plugin.selection; ++i) {

@@ -2,6 +2,7 @@
 
 #include "export/ComponentVisitData.h"
 #include "export/SolidGeometry.h"
+#include "toolkit/HostCallback.h"
 
 namespace {
 
@@ -19,7 +20,7 @@ int layerItemShows(int type, int id, ProMdl owner) {
 // one. A feature on no layer passes.
 bool layersAreClear(const ProFeature& feature, ProMdl owner) {
     ProLayerItem item{};
-    ProLayerItemInit(LAYER_ITEM_FEATURE, feature.id, owner, &item);
+    ProLayerItemInit(PRO_LAYER_ITEM_FEATURE, feature.id, owner, &item);
     ProLayer* layers = nullptr;
     ProLayeritemLayersGet(nullptr, &item, &layers);
     int count = 0;
@@ -51,37 +52,35 @@ OwningFeature readOwningFeature(const ProGeomitem& item) {
     return owning;
 }
 
-}  // namespace
-
-ProError filterComponent(ProFeature* feature, ProAppData data) {
+ProError filterComponentBody(ProFeature* feature, ProAppData data) {
     auto* visitData = static_cast<ComponentVisitData*>(data);
     int type = 0;
     ProFeatureTypeGet(feature, &type);
-    if (type != FEATURE_TYPE_COMPONENT) return PRO_TK_CONTINUE;
+    if (type != PRO_FEAT_TYPE_COMPONENT) return PRO_TK_CONTINUE;
     ProMdl model = nullptr;
     if (ProAsmcompMdlGet(feature, &model) != PRO_TK_NO_ERROR) return PRO_TK_CONTINUE;
     int status = 0;
     ProFeatureStatusGet(feature, &status);
-    int shows = layerItemShows(LAYER_ITEM_FEATURE, feature->id, visitData->parentModel);
+    int shows = layerItemShows(PRO_LAYER_ITEM_FEATURE, feature->id, visitData->parentModel);
     bool clear = layersAreClear(*feature, visitData->parentModel);
     // A component hidden in the model tree is still sent: the flag is read
     // and deliberately not used.
     ProBoolean hidden = PRO_B_FALSE;
     ProModelitemIsHidden(feature, &hidden);
-    return status == FEATURE_STATUS_ACTIVE && shows == 1 && clear ? PRO_TK_NO_ERROR : PRO_TK_CONTINUE;
+    return status == PRO_FEAT_ACTIVE && shows == 1 && clear ? PRO_TK_NO_ERROR : PRO_TK_CONTINUE;
 }
 
-ProError filterSurface(ProSurface surface, ProAppData data) {
+ProError filterSurfaceBody(ProSurface surface, ProAppData data) {
     auto* geometry = static_cast<SolidGeometry*>(data);
     ProGeomitem item{};
     ProSurfaceToGeomitem(geometry->solid, surface, &item);
     OwningFeature owning = readOwningFeature(item);
-    if (owning.status != FEATURE_STATUS_ACTIVE || owning.inactive || owning.type == FEATURE_TYPE_THREAD)
+    if (owning.status != PRO_FEAT_ACTIVE || owning.inactive || owning.type == PRO_FEAT_TYPE_THREAD)
         return PRO_TK_CONTINUE;
     return PRO_TK_NO_ERROR;
 }
 
-ProError filterQuilt(ProQuilt quilt, ProAppData data) {
+ProError filterQuiltBody(ProQuilt quilt, ProAppData data) {
     auto* geometry = static_cast<SolidGeometry*>(data);
     ProGeomitem item{};
     ProQuiltToGeomitem(geometry->solid, quilt, &item);
@@ -94,10 +93,24 @@ ProError filterQuilt(ProQuilt quilt, ProAppData data) {
     int quiltId = 0;
     ProQuiltIdGet(quilt, &quiltId);
 
-    if (layerItemShows(LAYER_ITEM_QUILT, quiltId, geometry->solid) == 0) return PRO_TK_CONTINUE;
-    if (layerItemShows(LAYER_ITEM_FEATURE, owning.feature.id, geometry->solid) == 0) return PRO_TK_CONTINUE;
-    if (owning.status != FEATURE_STATUS_ACTIVE || owning.inactive || itemHidden || featureHidden || backup ||
-        owning.type == FEATURE_TYPE_THREAD)
+    if (layerItemShows(PRO_LAYER_ITEM_QUILT, quiltId, geometry->solid) == 0) return PRO_TK_CONTINUE;
+    if (layerItemShows(PRO_LAYER_ITEM_FEATURE, owning.feature.id, geometry->solid) == 0) return PRO_TK_CONTINUE;
+    if (owning.status != PRO_FEAT_ACTIVE || owning.inactive || itemHidden || featureHidden || backup ||
+        owning.type == PRO_FEAT_TYPE_THREAD)
         return PRO_TK_CONTINUE;
     return PRO_TK_NO_ERROR;
+}
+
+}  // namespace
+
+ProError filterComponent(ProFeature* feature, ProAppData data) {
+    return toolkit::guardVisit([&] { return filterComponentBody(feature, data); }, PRO_TK_CONTINUE);
+}
+
+ProError filterSurface(ProSurface surface, ProAppData data) {
+    return toolkit::guardVisit([&] { return filterSurfaceBody(surface, data); }, PRO_TK_CONTINUE);
+}
+
+ProError filterQuilt(ProQuilt quilt, ProAppData data) {
+    return toolkit::guardVisit([&] { return filterQuiltBody(quilt, data); }, PRO_TK_CONTINUE);
 }

@@ -10,10 +10,3 @@ ProError filterComponent(ProFeature* feature, ProAppData data);
 ProError filterSurface(ProSurface surface, ProAppData data);
 ProError filterQuilt(ProQuilt quilt, ProAppData data);
 
-enum : int {
-    FEATURE_TYPE_COMPONENT = 1000,
-    FEATURE_TYPE_THREAD = 1070,
-    FEATURE_STATUS_ACTIVE = 0,
-    LAYER_ITEM_FEATURE = 3,
-    LAYER_ITEM_QUILT = 57,
-};

@@ -6,7 +6,7 @@
 #include <cstring>
 #include <vector>
 
-#include "host/ops/Operations.h"
+#include "host/OperationShims.h"
 
 namespace host {
 namespace {
@@ -16,11 +16,11 @@ bool nameBefore(const HostFunctionEntry& first, const HostFunctionEntry& second)
 }
 
 std::vector<HostFunctionEntry> buildTable() {
-    // The cast names the toolkit signature with the context in front, so an
-    // implementation of another shape doesn't compile.
+    // The cast names the toolkit signature with the context in front, so a
+    // shim of another shape doesn't compile.
     std::vector<HostFunctionEntry> table = {
 #define PRO_OPERATION(result, name, parameters, arguments, miss) \
-    {reinterpret_cast<void*>(static_cast<HostSignature<decltype(&::name)>>(&ops::name)), #name "_v"},
+    {reinterpret_cast<void*>(static_cast<HostSignature<decltype(&::name)>>(&shims::name)), #name "_v"},
 #include "toolkit/ProOperations.def"
 #undef PRO_OPERATION
     };

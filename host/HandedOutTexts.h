@@ -6,7 +6,9 @@
 #include <algorithm>
 #include <map>
 #include <memory>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "toolkit/ProToolkit.h"
 
@@ -31,6 +33,32 @@ public:
 
 private:
     std::map<const Char*, std::unique_ptr<Char[]>> texts_;
+};
+
+// Arrays of texts that the host allocated for the plug-in, given back
+// through the host's free call for string arrays.
+class HandedOutStringArrays {
+public:
+    char** give(const std::vector<std::string>& texts) {
+        Entry entry;
+        entry.texts = texts;
+        for (std::string& text : entry.texts) entry.pointers.push_back(text.data());
+        entry.pointers.push_back(nullptr);
+        auto stored = std::make_unique<Entry>(std::move(entry));
+        char** array = stored->pointers.data();
+        arrays_.emplace(array, std::move(stored));
+        return array;
+    }
+
+    bool release(char** array) { return arrays_.erase(array) == 1; }
+    size_t outstanding() const { return arrays_.size(); }
+
+private:
+    struct Entry {
+        std::vector<std::string> texts;
+        std::vector<char*> pointers;
+    };
+    std::map<char**, std::unique_ptr<Entry>> arrays_;
 };
 
 }  // namespace host

@@ -1,8 +1,8 @@
 #include "host/MessageFile.h"
 
-#include <unicode/ustring.h>
-
 #include <vector>
+
+#include "platform/Utf8.h"
 
 namespace host {
 namespace {
@@ -32,18 +32,6 @@ std::vector<Line> splitLines(std::string_view content) {
 }
 
 // Invalid sequences become U+FFFD rather than failing the whole file.
-std::u16string fromUtf8(std::string_view text) {
-    if (text.empty()) return {};
-    std::u16string out(text.size(), u'\0');
-    int32_t length = 0;
-    UErrorCode status = U_ZERO_ERROR;
-    u_strFromUTF8WithSub(reinterpret_cast<UChar*>(out.data()), static_cast<int32_t>(out.size()), &length,
-                         text.data(), static_cast<int32_t>(text.size()), 0xFFFD, nullptr, &status);
-    if (U_FAILURE(status)) return {};
-    out.resize(static_cast<size_t>(length));
-    return out;
-}
-
 std::string at(const Line& line, std::string_view reason) {
     return "line " + std::to_string(line.number) + ": " + std::string(reason);
 }
@@ -75,8 +63,8 @@ std::optional<MessageFile> MessageFile::parse(std::string_view content, std::str
                                     std::string(closing.text) + "\"");
             return std::nullopt;
         }
-        MessageText text{fromUtf8(lines[index + 1].text), std::nullopt};
-        if (lines[index + 2].text != "#") text.translation = fromUtf8(lines[index + 2].text);
+        MessageText text{platform::utf8ToWide(lines[index + 1].text), std::nullopt};
+        if (lines[index + 2].text != "#") text.translation = platform::utf8ToWide(lines[index + 2].text);
         if (!file.messages_.emplace(key, std::move(text)).second) {
             error = at(keyword, "message \"" + key + "\" is defined twice");
             return std::nullopt;

@@ -27,12 +27,6 @@ const Item* findFirst(const std::vector<Item>& items, Key Item::*field, const Ke
 
 }  // namespace
 
-Matrix identityMatrix() {
-    Matrix m{};
-    for (size_t i = 0; i < 4; ++i) m[i][i] = 1.0;
-    return m;
-}
-
 Matrix multiply(const Matrix& a, const Matrix& b) {
     Matrix product{};
     for (size_t row = 0; row < 4; ++row) {
@@ -107,7 +101,7 @@ std::optional<std::vector<const Feature*>> componentsAlong(const Model& owner, s
     for (int id : ids) {
         if (!level) return std::nullopt;
         const Feature* feature = level->findFeature(id);
-        if (!feature || feature->type != featureTypeComponent) return std::nullopt;
+        if (!feature || feature->type != PRO_FEAT_TYPE_COMPONENT) return std::nullopt;
         components.push_back(feature);
         level = feature->component;
     }

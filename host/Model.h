@@ -18,44 +18,12 @@
 #include <vector>
 
 #include "host/geometry/ExactGeometry.h"
+#include "host/geometry/RowMatrix.h"
 #include "host/geometry/SurfaceGeometry.h"
 #include "toolkit/ProToolkit.h"
 
 namespace host {
 
-// The host's model type codes.
-inline constexpr int modelTypeAssembly = 1;
-inline constexpr int modelTypePart = 2;
-
-// The host's feature types and statuses.
-inline constexpr int featureTypeSolid = 917;
-inline constexpr int featureTypeComponent = 1000;
-inline constexpr int featureTypeThread = 1070;
-inline constexpr int featureStatusActive = 0;
-inline constexpr int featureStatusSuppressed = 5;
-
-// Types of model items (ProModelitem::type) that the host hands out.
-inline constexpr int itemTypeFeature = 1;
-inline constexpr int itemTypeSurface = 5;
-inline constexpr int itemTypeQuilt = 54;
-inline constexpr int itemTypeLayer = 7;
-inline constexpr int itemTypeSimprep = 52;
-// A model's own item has the model's type code (1 or 2) and this id; a
-// feature item (type 1 as well) always has an id of 0 or more.
-inline constexpr int modelItemId = -1;
-
-// Layer item types and display statuses.
-inline constexpr int layerItemFeature = 3;
-inline constexpr int layerItemQuilt = 57;
-inline constexpr int layerNoStatus = -1;
-inline constexpr int layerNormal = 1;
-inline constexpr int layerDisplay = 2;
-inline constexpr int layerBlank = 3;
-inline constexpr int layerHidden = 5;
-
-// Row vectors, translation in row 3.
-using Matrix = std::array<std::array<double, 4>, 4>;
-Matrix identityMatrix();
 
 // The product a x b of two transforms: first a, then b (row vectors).
 Matrix multiply(const Matrix& a, const Matrix& b);
@@ -97,24 +65,29 @@ struct FacetSet {
 
 struct Feature {
     int id = 0;
-    int type = featureTypeSolid;
-    int status = featureStatusActive;
+    int type = PRO_FEAT_TYPE_SOLID;
+    int status = PRO_FEAT_ACTIVE;
     bool hidden = false;              // hidden in the model tree
     // Component features: the component's model, null if it isn't loaded,
     // and its placement in the owner (component to owner, row vectors).
     Model* component = nullptr;
     Matrix placement = identityMatrix();
+    // What the owner shows on the component's surfaces in place of their own:
+    // an appearance, and textures with their placements. None: their own.
+    std::optional<AppearanceProps> shownAppearance{};
+    std::optional<TextureProps> shownTexture{};
+    std::vector<ProTextureplacement> shownPlacements{};
 };
 
 struct LayerItemRef {
-    int type = layerItemFeature;      // layerItemFeature or layerItemQuilt
+    int type = PRO_LAYER_ITEM_FEATURE;      // PRO_LAYER_ITEM_FEATURE or PRO_LAYER_ITEM_QUILT
     int id = 0;
 };
 
 struct Layer {
     int id = 0;
     std::u16string name;
-    int displayStatus = layerNormal;
+    int displayStatus = PRO_LAYER_NORMAL;
     std::vector<LayerItemRef> items;
 };
 
@@ -128,18 +101,15 @@ struct Representation {
     std::u16string name;
     int defaultAction = 2;
     std::vector<ProSimprepitem> items;
-    bool dataFails = false;           // ProSimprepdataGet fails for it
 };
 
 struct Model {
     std::u16string name;              // the bare name, without extension
-    int type = modelTypePart;
+    int type = PRO_MDL_PART;
     std::u16string lengthUnit = u"mm";
     // The outline's two corners; none: computed from the surfaces and facets.
     std::optional<std::array<Point3, 2>> outline;
-    bool outlineFails = false;
     int version = 1;                  // raised by every modification
-    bool verstampFails = false;       // ProMdlVerstampGet fails for it
     Matrix currentView = identityMatrix();
     std::vector<View> savedViews;
     std::optional<AppearanceProps> appearance;  // the model's own appearance

@@ -13,9 +13,11 @@
 #include <unordered_set>
 #include <vector>
 
+#include "host/CallRecord.h"
 #include "host/CommandRegistry.h"
 #include "host/DialogBoard.h"
 #include "host/ErrorLog.h"
+#include "host/FaultPlan.h"
 #include "host/HandedOutTexts.h"
 #include "host/HostArrays.h"
 #include "host/Model.h"
@@ -94,16 +96,24 @@ public:
     int runMode() const { return runMode_; }
     void setUnicodeEncoding(bool enabled) { unicodeEncoding_ = enabled; }
     bool unicodeEncoding() const { return unicodeEncoding_; }
-    // None makes the display version's call fail.
-    void setDisplayVersion(std::optional<std::string> version) { displayVersion_ = std::move(version); }
-    const std::optional<std::string>& displayVersion() const { return displayVersion_; }
+    void setDisplayVersion(std::string version) { displayVersion_ = std::move(version); }
+    const std::string& displayVersion() const { return displayVersion_; }
 
     // What the host handed out: texts, arrays and handles.
     HandedOutTexts<char>& handedOutStrings() { return handedOutStrings_; }
+    HandedOutTexts<char16_t>& handedOutWideStrings() { return handedOutWideStrings_; }
+    HandedOutStringArrays& handedOutStringArrays() { return handedOutStringArrays_; }
     HostArrays& arrays() { return arrays_; }
     const HostArrays& arrays() const { return arrays_; }
     PluginHandles& handles() { return handles_; }
     const PluginHandles& handles() const { return handles_; }
+
+    // The host calls made, and the answers planned instead of some of them:
+    // see OperationShims.h.
+    CallRecord& calls() { return calls_; }
+    const CallRecord& calls() const { return calls_; }
+    FaultPlan& faults() { return faults_; }
+    const FaultPlan& faults() const { return faults_; }
 
     // What the plug-in asked for, in order.
     std::vector<TessellationRequest>& tessellationRequests() { return tessellationRequests_; }
@@ -126,10 +136,14 @@ private:
     DialogBoard dialogs_{errors_};
     int runMode_ = 0;
     bool unicodeEncoding_ = true;
-    std::optional<std::string> displayVersion_ = "3.0";
+    std::string displayVersion_ = "3.0";
     HandedOutTexts<char> handedOutStrings_;
+    HandedOutTexts<char16_t> handedOutWideStrings_;
+    HandedOutStringArrays handedOutStringArrays_;
     HostArrays arrays_;
     PluginHandles handles_;
+    CallRecord calls_;
+    FaultPlan faults_;
     std::vector<TessellationRequest> tessellationRequests_;
     std::vector<FileDialogRequest> fileDialogs_;
     std::vector<SelectRequest> selectRequests_;

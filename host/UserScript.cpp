@@ -16,9 +16,24 @@ std::optional<Answer> UserScript::take(std::deque<Answer>& queue, std::string_vi
     return answer;
 }
 
-void UserScript::pressButton(const std::string& dialog, std::string component) {
-    buttons_[dialog].push_back(std::move(component));
+std::string DialogStep::describe() const {
+    switch (kind) {
+        case Kind::Press: return "press " + component;
+        case Kind::SetValue: return "set " + component + " to " + value;
+        case Kind::Close: return "close";
+    }
+    return {};
 }
+
+void UserScript::pressButton(const std::string& dialog, std::string component) {
+    steps_[dialog].push_back({DialogStep::Kind::Press, std::move(component), {}});
+}
+
+void UserScript::setValue(const std::string& dialog, std::string component, std::string value) {
+    steps_[dialog].push_back({DialogStep::Kind::SetValue, std::move(component), std::move(value)});
+}
+
+void UserScript::closeDialog(const std::string& dialog) { steps_[dialog].push_back({DialogStep::Kind::Close, {}, {}}); }
 
 std::optional<FileAnswer> UserScript::nextFile(std::string_view request) {
     return take(files_, "a file", request);
@@ -32,15 +47,15 @@ std::optional<RepresentationAnswer> UserScript::nextRepresentation(std::string_v
     return take(representations_, "a representation", request);
 }
 
-std::optional<std::string> UserScript::nextButton(std::string_view dialog) {
-    auto found = buttons_.find(dialog);
-    std::deque<std::string> none;
-    return take(found == buttons_.end() ? none : found->second, "a button press in a dialog", dialog);
+std::optional<DialogStep> UserScript::nextStep(std::string_view dialog) {
+    auto found = steps_.find(dialog);
+    std::deque<DialogStep> none;
+    return take(found == steps_.end() ? none : found->second, "a step of the user in a dialog", dialog);
 }
 
 bool UserScript::finished() const {
     return files_.empty() && selections_.empty() && representations_.empty() &&
-           std::all_of(buttons_.begin(), buttons_.end(), [](const auto& dialog) { return dialog.second.empty(); });
+           std::all_of(steps_.begin(), steps_.end(), [](const auto& dialog) { return dialog.second.empty(); });
 }
 
 }  // namespace host

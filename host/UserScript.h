@@ -32,6 +32,18 @@ struct RepresentationAnswer {
     std::u16string name;
 };
 
+// One step of the user in an active dialog: a press on a push button, a new
+// value for a control (as typed, dragged or clicked), or a close of the
+// dialog's window.
+struct DialogStep {
+    enum class Kind { Press, SetValue, Close };
+    Kind kind = Kind::Press;
+    std::string component;
+    std::string value;  // for SetValue, as text: "0.25", "2500", "on", "manual", a path
+
+    std::string describe() const;
+};
+
 class UserScript {
 public:
     explicit UserScript(ErrorLog& errors) : errors_(errors) {}
@@ -42,15 +54,17 @@ public:
     void cancelSelection() { selections_.push_back({true, {}}); }
     void chooseRepresentation(std::u16string name) { representations_.push_back({false, std::move(name)}); }
     void cancelRepresentation() { representations_.push_back({true, {}}); }
-    // The next activation of `dialog` is ended by a press on `component`.
+    // Steps of the user in `dialog`, taken in order by its activations.
     void pressButton(const std::string& dialog, std::string component);
+    void setValue(const std::string& dialog, std::string component, std::string value);
+    void closeDialog(const std::string& dialog);
 
     // The next answer of each kind. `request` names what the plug-in asked
     // for (a dialog title, a selection filter) for the error log.
     std::optional<FileAnswer> nextFile(std::string_view request);
     std::optional<SelectionAnswer> nextSelection(std::string_view request);
     std::optional<RepresentationAnswer> nextRepresentation(std::string_view request);
-    std::optional<std::string> nextButton(std::string_view dialog);
+    std::optional<DialogStep> nextStep(std::string_view dialog);
 
     // True when every scripted answer was used.
     bool finished() const;
@@ -63,7 +77,7 @@ private:
     std::deque<FileAnswer> files_;
     std::deque<SelectionAnswer> selections_;
     std::deque<RepresentationAnswer> representations_;
-    std::map<std::string, std::deque<std::string>, std::less<>> buttons_;
+    std::map<std::string, std::deque<DialogStep>, std::less<>> steps_;
 };
 
 }  // namespace host

@@ -14,4 +14,8 @@ std::string wideToSystem(std::u16string_view text);
 // left out.
 std::u16string systemToWide(std::string_view text);
 
+// The name of the system code page as a converter knows it: the locale's
+// charset elsewhere, "windows-" and the ANSI code page's number on Windows.
+std::string systemCodePageName();
+
 }  // namespace platform

@@ -18,6 +18,8 @@ public:
     static DynamicLibrary open(const std::u16string& path, std::string& error);
 
     bool isOpen() const { return handle_ != nullptr; }
+    // The system's handle, for messages; null if not open.
+    const void* handle() const { return handle_; }
     // The address of an exported symbol, or null.
     void* symbol(const char* name) const;
     void close();

@@ -10,4 +10,8 @@ bool directoryExists(const std::string& path);
 // trailing separator; empty if the system can't tell.
 std::u16string executableDirectory();
 
+// The folder for temporary files, as a wide path: $TMPDIR, else /tmp; on
+// Windows what GetTempPathW gives, with its trailing separator.
+std::u16string temporaryFolder();
+
 }  // namespace platform

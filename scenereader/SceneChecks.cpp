@@ -2,9 +2,11 @@
 
 #include <cmath>
 #include <optional>
+#include <set>
 #include <sstream>
 
 #include "scenereader/NurbsChecks.h"
+#include "scenereader/SceneAnimations.h"
 
 namespace scenereader {
 
@@ -189,20 +191,45 @@ size_t triangleCount(const Block& geometry) {
     return array ? array->scalars() / 3 : 0;
 }
 
-void countBlocks(const Block& block, SceneSummary& summary) {
+void countBlocks(const Block& block, SceneSummary& summary, std::set<std::string>& materialNames) {
     for (const auto& item : block.items) {
         const auto* inner = std::get_if<Block>(&item);
         if (!inner) continue;
         summary.groups += inner->kind == "group";
         summary.objects += inner->kind == "object";
-        summary.materials += inner->kind == "material";
+        if (inner->kind == "material") {
+            ++summary.materials;
+            materialNames.insert(inner->name());
+        }
         summary.cameras += inner->kind == "camera";
         summary.nurbsObjects += isGeometry(*inner, "nurbs");
+        summary.animations += inner->kind == "animation";
         if (isGeometry(*inner, "triangles")) {
             ++summary.triangleMeshes;
             summary.triangles += triangleCount(*inner);
         }
-        countBlocks(*inner, summary);
+        countBlocks(*inner, summary, materialNames);
+    }
+}
+
+void addTree(const Block& block, size_t depth, std::string& text) {
+    for (const auto& item : block.items) {
+        const auto* inner = std::get_if<Block>(&item);
+        if (!inner) continue;
+        std::string line;
+        if (isGeometry(*inner, "triangles")) {
+            const size_t triangles = triangleCount(*inner);
+            line = "mesh: " + std::to_string(triangles) + (triangles == 1 ? " triangle" : " triangles");
+        } else if (isGeometry(*inner, "nurbs")) {
+            line = "NURBS";
+        } else if (inner->kind == "group" || inner->kind == "object" || inner->kind == "material" ||
+                   inner->kind == "camera") {
+            line = inner->kind + " \"" + inner->name() + "\"";
+        } else {
+            continue;
+        }
+        text += std::string(2 * depth, ' ') + line + "\n";
+        if (inner->kind == "group" || inner->kind == "object") addTree(*inner, depth + 1, text);
     }
 }
 
@@ -217,6 +244,8 @@ std::vector<std::string> checkScene(const Document& document) {
     NurbsFindings exact;
     checkGeometries(document.root, "", problems, exact);
     problems.insert(problems.end(), exact.problems.begin(), exact.problems.end());
+    std::vector<std::string> animationProblems = checkAnimations(document);
+    problems.insert(problems.end(), animationProblems.begin(), animationProblems.end());
     findNonFiniteNumbers(document.root, problems);
     return problems;
 }
@@ -230,17 +259,28 @@ std::vector<std::string> sceneWarnings(const Document& document) {
 
 SceneSummary summarize(const Document& document) {
     SceneSummary summary;
-    countBlocks(document.root, summary);
+    std::set<std::string> materialNames;
+    countBlocks(document.root, summary, materialNames);
+    summary.distinctMaterials = materialNames.size();
     return summary;
+}
+
+std::string describeTree(const Document& document) {
+    std::string text;
+    addTree(document.root, 0, text);
+    return text;
 }
 
 std::string describeSummary(const SceneSummary& summary) {
     return counted(summary.groups, "group", "groups") + ", " + counted(summary.objects, "object", "objects") + ", " +
            counted(summary.triangleMeshes, "triangle mesh", "triangle meshes") + " with " +
            counted(summary.triangles, "triangle", "triangles") + ", " +
-           counted(summary.materials, "material", "materials") + ", " +
+           counted(summary.materials, "material", "materials") +
+           (summary.materials > 0 ? " (" + std::to_string(summary.distinctMaterials) + " distinct)" : std::string()) +
+           ", " +
            counted(summary.cameras, "camera", "cameras") + ", " +
-           counted(summary.nurbsObjects, "NURBS object", "NURBS objects");
+           counted(summary.nurbsObjects, "NURBS object", "NURBS objects") +
+           (summary.animations ? ", " + counted(summary.animations, "animation", "animations") : "");
 }
 
 }  // namespace scenereader

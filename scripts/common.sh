@@ -9,6 +9,7 @@ VANTREL_PACKAGES=(
   libocct-foundation-dev libocct-modeling-data-dev libocct-modeling-algorithms-dev
   libocct-data-exchange-dev libocct-ocaf-dev libocct-visualization-dev
   libtbb-dev  # Open CASCADE's CMake package names the TBB libraries it links
+  clang libfuzzer-14-dev  # the fuzz targets (scripts/fuzz.sh)
 )
 
 install_missing_packages() {

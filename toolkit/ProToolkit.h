@@ -5,22 +5,9 @@
 // call stubs and the headless host's function table.
 #include <cstdint>
 
+#include "toolkit/ProConstants.h"
+
 extern "C" {
-
-typedef int ProError;
-enum : ProError {
-    PRO_TK_NO_ERROR = 0,
-    PRO_TK_GENERAL_ERROR = -1,
-    PRO_TK_BAD_INPUTS = -2,
-    PRO_TK_USER_ABORT = -3,
-    PRO_TK_E_NOT_FOUND = -4,
-    PRO_TK_CONTINUE = -7,
-    PRO_TK_COMM_ERROR = -11,
-    PRO_TK_NOT_EXIST = -23,
-};
-
-typedef int ProBoolean;
-enum : ProBoolean { PRO_B_FALSE = 0, PRO_B_TRUE = 1 };
 
 typedef char16_t ProWchar;                 // wide text is 16-bit on every platform
 typedef ProWchar ProMdlName[81];           // a model's bare name
@@ -123,6 +110,15 @@ struct TextureProps {
     char bump[260];
 };
 
+// How one texture lies on a surface; its type (PRO_TEXTURE_TYPE_*) says which
+// path of the texture record it uses.
+struct ProTextureplacement {
+    int type;
+    double scale[2];
+    double offset[2];
+    double angle;
+};
+
 // The action of one item of a simplified representation: 136 bytes kept
 // whole, of which only the type is read.
 struct SimprepAction {
@@ -142,31 +138,12 @@ struct ProSimprepdata {
     ProSimprepitem* items;  // a host array
 };
 
-// What ProPartToProIntfData is asked to convert, and how.
-enum : std::uint32_t {
-    PRO_INTF_UV_POINTS = 1u,    // edges carry their points in surface parameters
-    PRO_INTF_UV_CURVES = 2u,    // edges carry their curves in surface parameters
-    PRO_INTF_XYZ_CURVES = 4u,   // edges carry their curves in space
-};
-enum : int {
-    PRO_PART_CURVES_AS_BSPLINES = 2,
-    PRO_PART_SURFACES_AS_BSPL_SURFACES = 2,
-};
+// What ProPartToProIntfData is asked to convert (PRO_INTF_ flags), and how.
 struct ProIntfDataOptions {
     std::uint32_t flags;
     std::int32_t curveOption;
     std::int32_t surfaceOption;
 };
-
-// Contour traversals and the curve type of a B-spline.
-enum : int {
-    PRO_CONTOUR_TRAV_INTERNAL = -1,  // a hole
-    PRO_CONTOUR_TRAV_NONE = 0,
-    PRO_CONTOUR_TRAV_EXTERNAL = 1,
-};
-enum : int { PRO_ENT_B_SPLINE = 19 };
-// An edge used against its own direction in a contour, or by a surface.
-enum : int { PRO_EDGE_DIRECTION_REVERSED = 1 };
 
 // One contour of an exact surface: its traversal and the ids of its edges
 // (a host array), in the order the contour runs.

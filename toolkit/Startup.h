@@ -1,7 +1,7 @@
 #pragma once
 // The plug-in's two exported entry points, through which the host starts and
 // stops it, and the plug-in's own entries that they end in.
-#include "platform/SymbolExport.h"
+#include "platform/Compiler.h"
 #include "toolkit/ProToolkit.h"
 
 extern "C" {

@@ -93,13 +93,26 @@ bool hasGeometry(const CadModel& model) {
                        [](const CadPart& part) { return !part.faces.empty() || !part.facets.empty(); });
 }
 
+// A load error carries what the kernel said while it failed, a line each.
+template <typename Load>
+CadModel withKernelMessages(Load load) {
+    try {
+        return load();
+    } catch (const CadLoadError& error) {
+        std::string text = error.what();
+        for (const std::string& message : takeKernelMessages()) text += "\n  kernel: " + message;
+        throw CadLoadError(text);
+    }
+}
+
 }  // namespace
 
 CadModel loadCadModel(const std::string& path) {
     const fs::path absolute = fs::absolute(path).lexically_normal();
     checkReadable(absolute);
     quietKernelMessages();
-    CadModel model = loadByExtension(absolute);
+    takeKernelMessages();
+    CadModel model = withKernelMessages([&] { return loadByExtension(absolute); });
     if (!hasGeometry(model)) throw CadLoadError("CAD model file " + quoted(absolute) + " holds no geometry");
     return model;
 }

@@ -4,12 +4,6 @@
 
 namespace host::cad {
 
-RowMatrix identityMatrix() {
-    RowMatrix matrix{};
-    for (int i = 0; i < 4; ++i) matrix[i][i] = 1.0;
-    return matrix;
-}
-
 std::array<double, 3> transformPoint(const RowMatrix& matrix, const std::array<double, 3>& point) {
     std::array<double, 3> result{};
     for (int j = 0; j < 3; ++j) {

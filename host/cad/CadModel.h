@@ -10,14 +10,16 @@
 #include <string>
 #include <vector>
 
+#include "host/geometry/RowMatrix.h"
+
 namespace host::cad {
 
 class CadShapes;
 
 // Points are row vectors: p' = p * M, the translation in row 3.
-using RowMatrix = std::array<std::array<double, 4>, 4>;
+using RowMatrix = host::Matrix;
+using host::identityMatrix;
 
-RowMatrix identityMatrix();
 std::array<double, 3> transformPoint(const RowMatrix& matrix, const std::array<double, 3>& point);
 
 // Two corners of an axis-aligned box. An empty box has min above max.

@@ -89,8 +89,8 @@ struct ContourUse {
     EdgeSide side;
 };
 
-Point3& startOf(EdgeSide& side) { return side.direction == edgeReversed ? side.curve->points.back() : side.curve->points.front(); }
-Point3& endOf(EdgeSide& side) { return side.direction == edgeReversed ? side.curve->points.front() : side.curve->points.back(); }
+Point3& startOf(EdgeSide& side) { return side.direction == PRO_EDGE_DIRECTION_REVERSED ? side.curve->points.back() : side.curve->points.front(); }
+Point3& endOf(EdgeSide& side) { return side.direction == PRO_EDGE_DIRECTION_REVERSED ? side.curve->points.front() : side.curve->points.back(); }
 
 // Curves in parameters that the file or the conversion gives only close to
 // each other: where one use ends near the next one's start, the start is
@@ -154,12 +154,12 @@ ExactSurface convertFace(const CadFace& face, const CadShapes& shapes, SidesById
         exact.shape = surfaceData(*surface);
     for (const CadContour& contour : face.contours) {
         EdgeContour& edges = exact.contours.emplace_back();
-        edges.traversal = contour.outer ? contourOuter : contourHole;
+        edges.traversal = contour.outer ? PRO_CONTOUR_TRAV_EXTERNAL : PRO_CONTOUR_TRAV_INTERNAL;
         std::vector<ContourUse> uses;
         for (const CadEdgeUse& use : contour.edges) {
             edges.edgeIds.push_back(use.edgeId);
             const TopoDS_Edge image = conversion.edge(shapes.edge(use.shapeIndex));
-            uses.push_back({use.edgeId, {face.id, use.reversed ? edgeReversed : 0, curveTypeBspline,
+            uses.push_back({use.edgeId, {face.id, use.reversed ? PRO_EDGE_DIRECTION_REVERSED : 0, PRO_ENT_B_SPLINE,
                                          curveOnFace(image, converted)}});
         }
         closeGaps(uses);

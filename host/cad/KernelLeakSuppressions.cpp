@@ -5,6 +5,10 @@
 // this file in (only a program may define the checker's suppressions), and
 // makes the exchange controllers with initExchangeControllers.
 #if defined(__SANITIZE_ADDRESS__)
+// The report of the suppressions used would land on the program's standard
+// error, which the tools keep for what matters to their user.
+extern "C" const char* __lsan_default_options() { return "print_suppressions=0"; }
+
 extern "C" const char* __lsan_default_suppressions() {
     return "leak:GeomToStep_MakeDirection::GeomToStep_MakeDirection\n"
            "leak:TPrsStd_DriverTable::Get\n";

@@ -5,6 +5,10 @@
 #include <algorithm>
 #include <cctype>
 #include <cmath>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <string_view>
 
 namespace host::cad {
 
@@ -37,10 +41,38 @@ void appendFacets(const Poly_Triangulation& mesh, const gp_Trsf& placement, bool
     }
 }
 
+StlKind stlKindOf(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    if (!file) throw CadLoadError("cannot read STL file '" + path + "'");
+    char head[512] = {};
+    file.read(head, sizeof head);
+    const std::uintmax_t size = static_cast<std::uintmax_t>(file.gcount()) < sizeof head
+                                    ? static_cast<std::uintmax_t>(file.gcount())
+                                    : std::filesystem::file_size(path);
+    if (size == 0) return StlKind::Empty;
+    if (size >= 84) {
+        unsigned char count[4];
+        std::memcpy(count, head + 80, 4);
+        const std::uintmax_t triangles = count[0] | count[1] << 8 | count[2] << 16 | std::uintmax_t(count[3]) << 24;
+        if (size == 84 + 50 * triangles) return StlKind::Binary;
+    }
+    // Text: "solid" first, and nothing but printable characters and white space at the start.
+    const std::string_view start(head, static_cast<size_t>(std::min<std::uintmax_t>(size, sizeof head)));
+    const size_t first = start.find_first_not_of(" \t\r\n");
+    const bool text = std::all_of(start.begin(), start.end(), [](char c) {
+        return std::isprint(static_cast<unsigned char>(c)) || std::isspace(static_cast<unsigned char>(c));
+    });
+    if (text && first != std::string_view::npos && start.substr(first, 5) == "solid") return StlKind::Ascii;
+    throw CadLoadError("'" + path + "' is no STL file: not text, and as a binary STL its " + std::to_string(size) +
+                       " bytes don't hold the triangle count it gives");
+}
+
 std::vector<Facet> readStlFacets(const std::string& path) {
     std::vector<Facet> facets;
+    if (stlKindOf(path) == StlKind::Empty) return facets;
     Handle(Poly_Triangulation) mesh = RWStl::ReadFile(path.c_str());
-    if (!mesh.IsNull()) appendFacets(*mesh, gp_Trsf(), false, facets);
+    if (mesh.IsNull()) throw CadLoadError("cannot read STL file '" + path + "'");
+    appendFacets(*mesh, gp_Trsf(), false, facets);
     return facets;
 }
 

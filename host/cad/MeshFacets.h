@@ -16,8 +16,16 @@ namespace host::cad {
 // counter-clockwise order; a degenerate triangle gets a zero normal.
 void appendFacets(const Poly_Triangulation& mesh, const gp_Trsf& placement, bool reversed, std::vector<Facet>& facets);
 
-// The triangles of an STL file, ASCII or binary; none if it holds none or
-// isn't STL.
+enum class StlKind { Empty, Ascii, Binary };
+
+// What an STL file holds, from its first bytes and its size, before the
+// kernel reads it: a binary STL must be exactly as long as its triangle
+// count says. Throws CadLoadError for a file that is neither, at once and
+// without reading it whole.
+StlKind stlKindOf(const std::string& path);
+
+// The triangles of an STL file, ASCII or binary; none for an empty file.
+// Throws CadLoadError for a file that isn't STL or that the kernel can't read.
 std::vector<Facet> readStlFacets(const std::string& path);
 
 // A part that has no shape of its own and is named after a mesh file

@@ -72,14 +72,17 @@ std::optional<CadAppearance> XdeAppearances::fromVisualMaterial(const TDF_Label&
     return appearance;
 }
 
-// Colours of exchange files are kept as the file writes them.
+// The kernel keeps the colours of shapes and faces as linear RGB, converted
+// from the values the file writes; a CAD host hands its plug-ins the values
+// the user set and the file holds, so they are converted back.
 std::optional<CadAppearance> XdeAppearances::fromColour(const TDF_Label& label) const {
     Quantity_ColorRGBA colour;
     if (!colours_->GetColor(label, XCAFDoc_ColorSurf, colour) && !colours_->GetColor(label, XCAFDoc_ColorGen, colour)) {
         return std::nullopt;
     }
-    const Quantity_Color& rgb = colour.GetRGB();
-    return fromColourValues(rgb.Red(), rgb.Green(), rgb.Blue(), colour.Alpha());
+    double red, green, blue;
+    colour.GetRGB().Values(red, green, blue, Quantity_TOC_sRGB);
+    return fromColourValues(red, green, blue, colour.Alpha());
 }
 
 std::string XdeAppearances::physicalMaterialName(const TDF_Label& label) const {

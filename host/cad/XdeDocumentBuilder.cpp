@@ -16,8 +16,10 @@ namespace host::cad {
 
 namespace {
 
+// The values given are those the file is to hold: the kernel keeps colours
+// as linear RGB and its writers convert them back to the file's values.
 Quantity_Color rgb(double red, double green, double blue) {
-    return Quantity_Color(red, green, blue, Quantity_TOC_RGB);
+    return Quantity_Color(red, green, blue, Quantity_TOC_sRGB);
 }
 
 std::runtime_error unwritable(const char* format, const std::string& path) {

@@ -10,13 +10,9 @@
 #include <vector>
 
 #include "host/geometry/SurfaceGeometry.h"
+#include "toolkit/ProConstants.h"
 
 namespace host {
-
-inline constexpr int curveTypeBspline = 19;
-inline constexpr int contourOuter = 1;
-inline constexpr int contourHole = -1;
-inline constexpr int edgeReversed = 1;  // the direction of an edge used against itself
 
 // Control points with U as the outer index: (u, v) at u * countV + v.
 // Weights are empty for a non-rational surface.
@@ -40,7 +36,7 @@ struct BsplineCurveData {
 // A contour: its traversal (1 outer, -1 a hole, 0 none) and its edge ids in
 // the order the contour runs.
 struct EdgeContour {
-    int traversal = contourOuter;
+    int traversal = PRO_CONTOUR_TRAV_EXTERNAL;
     std::vector<int> edgeIds;
 };
 
@@ -55,7 +51,7 @@ struct ExactSurface {
 struct EdgeSide {
     int surfaceId = -1;  // -1: no surface on this side
     int direction = 0;
-    int curveType = curveTypeBspline;
+    int curveType = PRO_ENT_B_SPLINE;
     std::optional<BsplineCurveData> curve;
 };
 

@@ -32,7 +32,7 @@ ProError answerRecord(const Session& session, const ProModelitem* item, Props* p
     } else {
         const Model* owner = ops::modelOf(session, item->owner);
         if (!owner) return PRO_TK_BAD_INPUTS;
-        if (item->type == itemTypeSurface) {
+        if (item->type == PRO_ITEM_SURFACE) {
             const Surface* surface = owner->findSurface(item->id);
             if (!surface) return PRO_TK_E_NOT_FOUND;
             record = &(surface->*source.ofSurface);
@@ -40,7 +40,7 @@ ProError answerRecord(const Session& session, const ProModelitem* item, Props* p
                 *props = Props{};
                 return PRO_TK_NO_ERROR;
             }
-        } else if (item->type == owner->type && item->id == modelItemId) {
+        } else if (item->type == owner->type && item->id == PRO_MODEL_ITEM_ID) {
             record = &(owner->*source.ofModel);
         } else {
             return PRO_TK_BAD_INPUTS;
@@ -68,36 +68,30 @@ std::optional<std::filesystem::path> findTexture(const Session& session, const s
 
 // A surface without an appearance of its own answers a record whose Name is
 // empty; a model without one, or a session without a default, a failure.
-ProError ops::ProSurfaceAppearancepropsGet(int context, ProModelitem* item, AppearanceProps* props) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
+ProError ops::ProSurfaceAppearancepropsGet(Session& session, ProModelitem* item, AppearanceProps* props) {
     static constexpr RecordSource<AppearanceProps> appearances{&Surface::appearance, &Model::appearance,
                                                                &Session::defaultAppearance, true};
-    return answerRecord(*session, item, props, appearances);
+    return answerRecord(session, item, props, appearances);
 }
 
 // A surface or model without textures, or a session without a default, answers a failure.
-ProError ops::ProSurfaceTexturepropsGet(int context, ProModelitem* item, TextureProps* props) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
+ProError ops::ProSurfaceTexturepropsGet(Session& session, ProModelitem* item, TextureProps* props) {
     static constexpr RecordSource<TextureProps> textures{&Surface::texture, &Model::texture, &Session::defaultTexture,
                                                          false};
-    return answerRecord(*session, item, props, textures);
+    return answerRecord(session, item, props, textures);
 }
 
 // An absolute path that names a file answers itself; any other name is
 // looked for below each folder of the session's texture search path, in
 // order. Found: status 0, the path, and the flag 1. Not found: a failure,
 // an empty path and the flag 0.
-ProError ops::ProTexturePathGet(int context, const ProWchar* name, int, int* flag, ProPath path) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
+ProError ops::ProTexturePathGet(Session& session, const ProWchar* name, int, int* flag, ProPath path) {
     if (!name || !path) return PRO_TK_BAD_INPUTS;
     path[0] = u'\0';
     if (flag) *flag = 0;
     std::u16string_view wanted = name;
     std::optional<std::filesystem::path> found;
-    if (!wanted.empty()) found = findTexture(*session, std::filesystem::path(std::u16string(wanted)));
+    if (!wanted.empty()) found = findTexture(session, std::filesystem::path(std::u16string(wanted)));
     if (!found) return PRO_TK_E_NOT_FOUND;
     copyToBuffer(path, pathCapacity, found->u16string());
     if (flag) *flag = 1;

@@ -5,13 +5,11 @@
 namespace host {
 
 // A pointer that is no live host array is refused without being read.
-ProError ops::ProArraySizeGet(int context, ProArray array, int* size) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
+ProError ops::ProArraySizeGet(Session& session, ProArray array, int* size) {
     if (!size) return PRO_TK_BAD_INPUTS;
-    int count = session->arrays().size(array);
+    int count = session.arrays().size(array);
     if (count < 0) {
-        session->errors().add("ProArraySizeGet: the pointer is no live host array");
+        session.errors().add("ProArraySizeGet: the pointer is no live host array");
         return PRO_TK_BAD_INPUTS;
     }
     *size = count;
@@ -20,11 +18,9 @@ ProError ops::ProArraySizeGet(int context, ProArray array, int* size) {
 
 // Frees the array and sets the plug-in's pointer to null; a pointer that is
 // no live host array (freed already, or never the host's) frees nothing.
-ProError ops::ProArrayFree(int context, ProArray* array) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    if (!array || !session->arrays().free(*array)) {
-        session->errors().add("ProArrayFree: the pointer is no live host array");
+ProError ops::ProArrayFree(Session& session, ProArray* array) {
+    if (!array || !session.arrays().free(*array)) {
+        session.errors().add("ProArrayFree: the pointer is no live host array");
         return PRO_TK_BAD_INPUTS;
     }
     *array = nullptr;

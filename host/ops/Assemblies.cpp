@@ -11,7 +11,7 @@ namespace {
 // The feature that a feature item names; a status tells why there is none.
 const Feature* featureOf(const Session& session, const ProFeature* item, ProError& status) {
     const Model* owner = item ? ops::modelOf(session, item->owner) : nullptr;
-    if (!owner || item->type != itemTypeFeature) {
+    if (!owner || item->type != PRO_ITEM_FEATURE) {
         status = PRO_TK_BAD_INPUTS;
         return nullptr;
     }
@@ -20,11 +20,9 @@ const Feature* featureOf(const Session& session, const ProFeature* item, ProErro
     return feature;
 }
 
-ProError answerFeatureField(int context, const ProFeature* item, int* answer, int Feature::*field) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
+ProError answerFeatureField(Session& session, const ProFeature* item, int* answer, int Feature::*field) {
     ProError status = PRO_TK_BAD_INPUTS;
-    const Feature* feature = answer ? featureOf(*session, item, status) : nullptr;
+    const Feature* feature = answer ? featureOf(session, item, status) : nullptr;
     if (!feature) return status;
     *answer = feature->*field;
     return PRO_TK_NO_ERROR;
@@ -35,28 +33,26 @@ bool validCount(int count) { return count >= 0 && count <= PRO_MAX_ASSEM_LEVEL; 
 }  // namespace
 
 // The solid's own features in order; the plug-in descends into components itself.
-ProError ops::ProSolidFeatVisit(int context, ProSolid solid, ProFeatureVisitAction action,
+ProError ops::ProSolidFeatVisit(Session& session, ProSolid solid, ProFeatureVisitAction action,
                                 ProFeatureFilterAction filter, ProAppData data) {
-    auto itemOf = [](const Feature& feature, ProSolid owner) { return ProFeature{itemTypeFeature, feature.id, owner}; };
-    return visitOfSolid(context, solid, &Model::features, itemOf, filter, action, data);
+    auto itemOf = [](const Feature& feature, ProSolid owner) { return ProFeature{PRO_ITEM_FEATURE, feature.id, owner}; };
+    return visitOfSolid(session, solid, &Model::features, itemOf, filter, action, data);
 }
 
-ProError ops::ProFeatureTypeGet(int context, ProFeature* item, int* type) {
-    return answerFeatureField(context, item, type, &Feature::type);
+ProError ops::ProFeatureTypeGet(Session& session, ProFeature* item, int* type) {
+    return answerFeatureField(session, item, type, &Feature::type);
 }
 
-ProError ops::ProFeatureStatusGet(int context, ProFeature* item, int* status) {
-    return answerFeatureField(context, item, status, &Feature::status);
+ProError ops::ProFeatureStatusGet(Session& session, ProFeature* item, int* status) {
+    return answerFeatureField(session, item, status, &Feature::status);
 }
 
 // Not found when the component's model isn't loaded.
-ProError ops::ProAsmcompMdlGet(int context, ProFeature* component, ProMdl* model) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
+ProError ops::ProAsmcompMdlGet(Session& session, ProFeature* component, ProMdl* model) {
     ProError status = PRO_TK_BAD_INPUTS;
-    const Feature* feature = model ? featureOf(*session, component, status) : nullptr;
+    const Feature* feature = model ? featureOf(session, component, status) : nullptr;
     if (!feature) return status;
-    if (feature->type != featureTypeComponent) return PRO_TK_BAD_INPUTS;
+    if (feature->type != PRO_FEAT_TYPE_COMPONENT) return PRO_TK_BAD_INPUTS;
     if (!feature->component) return PRO_TK_E_NOT_FOUND;
     *model = handleOf<ProMdl>(*feature->component);
     return PRO_TK_NO_ERROR;
@@ -64,11 +60,9 @@ ProError ops::ProAsmcompMdlGet(int context, ProFeature* component, ProMdl* model
 
 // The ids must lead from the owner through its component features; the
 // model of the last one need not be loaded.
-ProError ops::ProAsmcomppathInit(int context, ProSolid owner, const int* componentIds, int componentIdCount,
+ProError ops::ProAsmcomppathInit(Session& session, ProSolid owner, const int* componentIds, int componentIdCount,
                                  ProAsmcomppath* path) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    const Model* top = modelOf(*session, owner);
+    const Model* top = modelOf(session, owner);
     if (!top || !path || !validCount(componentIdCount) || (componentIdCount > 0 && !componentIds)) {
         return PRO_TK_BAD_INPUTS;
     }
@@ -84,10 +78,8 @@ ProError ops::ProAsmcomppathInit(int context, ProSolid owner, const int* compone
 // Bottom-up (any non-zero flag): component to top, that is the placements
 // from the last component to the first, multiplied in that order as row
 // vectors. Top-down (0): its inverse. The empty path gives the identity.
-ProError ops::ProAsmcomppathTrfGet(int context, ProAsmcomppath* path, ProBoolean bottomUp, ProMatrix transform) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    const Model* top = path ? modelOf(*session, path->ownerModel) : nullptr;
+ProError ops::ProAsmcomppathTrfGet(Session& session, ProAsmcomppath* path, ProBoolean bottomUp, ProMatrix transform) {
+    const Model* top = path ? modelOf(session, path->ownerModel) : nullptr;
     if (!top || !transform || !validCount(path->componentIdCount)) return PRO_TK_BAD_INPUTS;
     auto components =
         componentsAlong(*top, std::span<const int>(path->componentIds, static_cast<size_t>(path->componentIdCount)));
@@ -106,21 +98,19 @@ ProError ops::ProAsmcomppathTrfGet(int context, ProAsmcomppath* path, ProBoolean
 }
 
 // The feature that owns a surface or a quilt.
-ProError ops::ProGeomitemFeatureGet(int context, ProGeomitem* item, ProFeature* feature) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    const Model* owner = item ? modelOf(*session, item->owner) : nullptr;
+ProError ops::ProGeomitemFeatureGet(Session& session, ProGeomitem* item, ProFeature* feature) {
+    const Model* owner = item ? modelOf(session, item->owner) : nullptr;
     if (!owner || !feature) return PRO_TK_BAD_INPUTS;
     std::optional<int> featureId;
-    if (item->type == itemTypeSurface) {
+    if (item->type == PRO_ITEM_SURFACE) {
         if (const Surface* surface = owner->findSurface(item->id)) featureId = surface->featureId;
-    } else if (item->type == itemTypeQuilt) {
+    } else if (item->type == PRO_ITEM_QUILT) {
         if (const Quilt* quilt = owner->findQuilt(item->id)) featureId = quilt->featureId;
     } else {
         return PRO_TK_BAD_INPUTS;
     }
     if (!featureId || !owner->findFeature(*featureId)) return PRO_TK_E_NOT_FOUND;
-    *feature = ProFeature{itemTypeFeature, *featureId, item->owner};
+    *feature = ProFeature{PRO_ITEM_FEATURE, *featureId, item->owner};
     return PRO_TK_NO_ERROR;
 }
 

@@ -11,13 +11,11 @@ constexpr ProError nameAlreadyRegistered = -5;
 }  // namespace
 
 // On failure the output is left as it was.
-ProError ops::ProCmdActionAdd(int context, const char* name, uiCmdCmdActFn action, int priority,
+ProError ops::ProCmdActionAdd(Session& session, const char* name, uiCmdCmdActFn action, int priority,
                               uiCmdAccessFn access, ProBoolean allowInNonActiveWindow,
                               ProBoolean allowInAccessoryWindow, uiCmdCmdId* command) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
     if (!name || !action || !command) return PRO_TK_BAD_INPUTS;
-    RegisteredCommand* added = session->commands().add(name, action, access);
+    RegisteredCommand* added = session.commands().add(name, action, access);
     if (!added) return nameAlreadyRegistered;
     added->priority = priority;
     added->allowInNonActiveWindow = allowInNonActiveWindow;
@@ -27,29 +25,25 @@ ProError ops::ProCmdActionAdd(int context, const char* name, uiCmdCmdActFn actio
 }
 
 // Texts that can't be resolved leave the reason in the command's record.
-ProError ops::ProCmdDesignate(int context, uiCmdCmdId id, const char* labelKey, const char* helpKey,
+ProError ops::ProCmdDesignate(Session& session, uiCmdCmdId id, const char* labelKey, const char* helpKey,
                               const char* description, const ProWchar* messageFile) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    RegisteredCommand* command = session->commands().find(id);
+    RegisteredCommand* command = session.commands().find(id);
     if (!command || !labelKey || !helpKey || !messageFile) return PRO_TK_BAD_INPUTS;
     command->designated = true;
     command->labelKey = labelKey;
     command->helpKey = helpKey;
     command->description = description ? description : "";
     command->messageFile = messageFile;
-    command->label = session->texts().message(command->messageFile, command->labelKey);
-    command->help = session->texts().message(command->messageFile, command->helpKey);
+    command->label = session.texts().message(command->messageFile, command->labelKey);
+    command->help = session.texts().message(command->messageFile, command->helpKey);
     return PRO_TK_NO_ERROR;
 }
 
 // The icon is set even when no such file exists, as a button with a broken image.
-ProError ops::ProCmdIconSet(int context, uiCmdCmdId id, const char* iconFile) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    RegisteredCommand* command = session->commands().find(id);
+ProError ops::ProCmdIconSet(Session& session, uiCmdCmdId id, const char* iconFile) {
+    RegisteredCommand* command = session.commands().find(id);
     if (!command || !iconFile) return PRO_TK_BAD_INPUTS;
-    IconSet& icon = command->iconHistory.emplace_back(IconSet{iconFile, session->texts().findIcon(iconFile)});
+    IconSet& icon = command->iconHistory.emplace_back(IconSet{iconFile, session.texts().findIcon(iconFile)});
     return icon.foundAt ? PRO_TK_NO_ERROR : PRO_TK_E_NOT_FOUND;
 }
 

@@ -4,11 +4,9 @@
 
 namespace host {
 
-ProError ops::ProConfigoptGet(int context, const char* option, ProLine value) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
+ProError ops::ProConfigoptGet(Session& session, const char* option, ProLine value) {
     if (!option || !value) return PRO_TK_BAD_INPUTS;
-    const std::u16string* setting = session->configOption(option);
+    const std::u16string* setting = session.configOption(option);
     if (!setting) return PRO_TK_E_NOT_FOUND;
     copyToLine(value, *setting);
     return PRO_TK_NO_ERROR;

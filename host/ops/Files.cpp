@@ -19,17 +19,25 @@ ProError answerFileDialog(Session& session, FileDialogRequest request, ProWchar*
     return PRO_TK_NO_ERROR;
 }
 
+// Both file dialogs: the shortcut lists are not shown by the headless host.
+ProError fileDialog(Session& session, const char* operation, const ProWchar* title, const ProWchar* filter,
+                    const ProWchar* defaultDirectory, const ProWchar* defaultName, ProWchar* chosenPath) {
+    if (!chosenPath) return PRO_TK_BAD_INPUTS;
+    FileDialogRequest request{operation, std::u16string(ops::textOf(title)), std::u16string(ops::textOf(filter)),
+                              std::u16string(ops::textOf(defaultDirectory)), std::u16string(ops::textOf(defaultName))};
+    return answerFileDialog(session, std::move(request), chosenPath);
+}
+
 }  // namespace
 
-// The shortcut lists are not shown by the headless host.
-ProError ops::ProFileSave(int context, const ProWchar* title, const ProWchar* filter, ProLine*, ProLine*,
+ProError ops::ProFileSave(Session& session, const ProWchar* title, const ProWchar* filter, ProLine*, ProLine*,
                           const ProWchar* defaultDirectory, const ProWchar* defaultName, ProPath chosenPath) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    if (!chosenPath) return PRO_TK_BAD_INPUTS;
-    FileDialogRequest request{"ProFileSave", std::u16string(textOf(title)), std::u16string(textOf(filter)),
-                              std::u16string(textOf(defaultDirectory)), std::u16string(textOf(defaultName))};
-    return answerFileDialog(*session, std::move(request), chosenPath);
+    return fileDialog(session, "ProFileSave", title, filter, defaultDirectory, defaultName, chosenPath);
+}
+
+ProError ops::ProFileOpen(Session& session, const ProWchar* title, const ProWchar* filter, ProLine*, ProLine*,
+                          const ProWchar* defaultDirectory, const ProWchar* defaultName, ProPath chosenPath) {
+    return fileDialog(session, "ProFileOpen", title, filter, defaultDirectory, defaultName, chosenPath);
 }
 
 }  // namespace host

@@ -57,11 +57,9 @@ void freeArrays(Session& session, const std::vector<void*>& arrays) {
 }
 
 template <typename Count>
-ProError countOf(int context, const char* operation, ProIntfData data, int* count, Count counted) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
+ProError countOf(Session& session, const char* operation, ProIntfData data, int* count, Count counted) {
     if (!count) return PRO_TK_BAD_INPUTS;
-    const InterfaceData* filled = dataOf(*session, operation, data);
+    const InterfaceData* filled = dataOf(session, operation, data);
     if (!filled) return PRO_TK_BAD_INPUTS;
     *count = static_cast<int>(counted(*filled));
     return PRO_TK_NO_ERROR;
@@ -69,38 +67,32 @@ ProError countOf(int context, const char* operation, ProIntfData data, int* coun
 
 }  // namespace
 
-ProError ops::ProIntfDataAlloc(int context, ProIntfData* data) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
+ProError ops::ProIntfDataAlloc(Session& session, ProIntfData* data) {
     if (!data) return PRO_TK_BAD_INPUTS;
-    *data = handleOf<ProIntfData>(*session->handles().interfaceData.make());
+    *data = handleOf<ProIntfData>(*session.handles().interfaceData.make());
     return PRO_TK_NO_ERROR;
 }
 
-ProError ops::ProIntfDataFree(int context, ProIntfData data) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    std::unique_ptr<IntfDataBlock> block = session->handles().interfaceData.take(data);
+ProError ops::ProIntfDataFree(Session& session, ProIntfData data) {
+    std::unique_ptr<IntfDataBlock> block = session.handles().interfaceData.take(data);
     if (!block) {
-        session->errors().add("ProIntfDataFree: the handle is no interface data that is out");
+        session.errors().add("ProIntfDataFree: the handle is no interface data that is out");
         return PRO_TK_BAD_INPUTS;
     }
-    freeArrays(*session, block->arrays);
+    freeArrays(session, block->arrays);
     return PRO_TK_NO_ERROR;
 }
 
 // Fills an empty block with the solid's exact geometry: curves in surface
 // parameters as B-splines, surfaces as B-spline surfaces. A solid whose
 // geometry can't be converted answers a failure and leaves the block empty.
-ProError ops::ProPartToProIntfData(int context, ProSolid solid, ProIntfDataOptions* options, ProIntfData data) {
+ProError ops::ProPartToProIntfData(Session& session, ProSolid solid, ProIntfDataOptions* options, ProIntfData data) {
     constexpr const char* operation = "ProPartToProIntfData";
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    const Model* model = modelOf(*session, solid);
-    IntfDataBlock* block = blockOf(*session, operation, data);
+    const Model* model = modelOf(session, solid);
+    IntfDataBlock* block = blockOf(session, operation, data);
     if (!model || !block || !options) return PRO_TK_BAD_INPUTS;
     if (block->data) {
-        session->errors().add(std::string(operation) + ": the interface data is filled already");
+        session.errors().add(std::string(operation) + ": the interface data is filled already");
         return PRO_TK_BAD_INPUTS;
     }
     if (!(options->flags & PRO_INTF_UV_CURVES) || options->curveOption != PRO_PART_CURVES_AS_BSPLINES ||
@@ -113,40 +105,37 @@ ProError ops::ProPartToProIntfData(int context, ProSolid solid, ProIntfDataOptio
     return PRO_TK_NO_ERROR;
 }
 
-ProError ops::ProIntfDataEdgeCount(int context, ProIntfData data, int* count) {
-    return countOf(context, "ProIntfDataEdgeCount", data, count, [](const InterfaceData& d) { return d.edges.size(); });
+ProError ops::ProIntfDataEdgeCount(Session& session, ProIntfData data, int* count) {
+    return countOf(session, "ProIntfDataEdgeCount", data, count, [](const InterfaceData& d) { return d.edges.size(); });
 }
 
-ProError ops::ProIntfDataSurfaceCount(int context, ProIntfData data, int* count) {
-    return countOf(context, "ProIntfDataSurfaceCount", data, count,
+ProError ops::ProIntfDataSurfaceCount(Session& session, ProIntfData data, int* count) {
+    return countOf(session, "ProIntfDataSurfaceCount", data, count,
                    [](const InterfaceData& d) { return d.surfaces.size(); });
 }
 
-ProError ops::ProIntfDataQuiltCount(int context, ProIntfData data, int* count) {
-    return countOf(context, "ProIntfDataQuiltCount", data, count, [](const InterfaceData& d) { return d.quilts.size(); });
+ProError ops::ProIntfDataQuiltCount(Session& session, ProIntfData data, int* count) {
+    return countOf(session, "ProIntfDataQuiltCount", data, count,
+                   [](const InterfaceData& d) { return d.quilts.size(); });
 }
 
-ProError ops::ProIntfDataDatumCount(int context, ProIntfData data, int* count) {
-    return countOf(context, "ProIntfDataDatumCount", data, count, [](const InterfaceData& d) { return d.datumCount; });
+ProError ops::ProIntfDataDatumCount(Session& session, ProIntfData data, int* count) {
+    return countOf(session, "ProIntfDataDatumCount", data, count, [](const InterfaceData& d) { return d.datumCount; });
 }
 
 // An index outside the block answers PRO_TK_E_NOT_FOUND: the plug-in reads
 // edges by indexes of its own table and may ask for one that isn't there.
-ProError ops::ProIntfDataEdgeGet(int context, ProIntfData data, int index, ProEdgedata* edge) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    const InterfaceData* filled = dataOf(*session, "ProIntfDataEdgeGet", data);
+ProError ops::ProIntfDataEdgeGet(Session& session, ProIntfData data, int index, ProEdgedata* edge) {
+    const InterfaceData* filled = dataOf(session, "ProIntfDataEdgeGet", data);
     if (!filled || !edge) return PRO_TK_BAD_INPUTS;
     if (index < 0 || index >= static_cast<int>(filled->edges.size())) return PRO_TK_E_NOT_FOUND;
-    *edge = handleOf<ProEdgedata>(*session->handles().edgeData.make(&filled->edges[static_cast<size_t>(index)]));
+    *edge = handleOf<ProEdgedata>(*session.handles().edgeData.make(&filled->edges[static_cast<size_t>(index)]));
     return PRO_TK_NO_ERROR;
 }
 
-ProError ops::ProEdgedataMemoryFree(int context, ProEdgedata edge) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    if (!session->handles().edgeData.release(edge)) {
-        session->errors().add("ProEdgedataMemoryFree: the handle is no edge data that is out");
+ProError ops::ProEdgedataMemoryFree(Session& session, ProEdgedata edge) {
+    if (!session.handles().edgeData.release(edge)) {
+        session.errors().add("ProEdgedataMemoryFree: the handle is no edge data that is out");
         return PRO_TK_BAD_INPUTS;
     }
     return PRO_TK_NO_ERROR;
@@ -154,13 +143,11 @@ ProError ops::ProEdgedataMemoryFree(int context, ProEdgedata edge) {
 
 // Any output may be null. The curves are filled into storage that the
 // plug-in allocated; a side without a curve leaves its storage empty.
-ProError ops::ProEdgedataGet(int context, ProEdgedata edge, int* id, int surfaceIds[2], int directions[2], void*,
+ProError ops::ProEdgedataGet(Session& session, ProEdgedata edge, int* id, int surfaceIds[2], int directions[2], void*,
                              ProCurvedata uvCurves[2], void*) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    const EdgedataHandle* handle = session->handles().edgeData.find(edge);
+    const EdgedataHandle* handle = session.handles().edgeData.find(edge);
     if (!handle) {
-        session->errors().add("ProEdgedataGet: the handle is no edge data that is out");
+        session.errors().add("ProEdgedataGet: the handle is no edge data that is out");
         return PRO_TK_BAD_INPUTS;
     }
     const ExactEdge& source = *handle->edge;
@@ -169,9 +156,9 @@ ProError ops::ProEdgedataGet(int context, ProEdgedata edge, int* id, int surface
         if (surfaceIds) surfaceIds[side] = source.sides[side].surfaceId;
         if (directions) directions[side] = source.sides[side].direction;
         if (!uvCurves || !uvCurves[side]) continue;
-        CurveStorage* storage = session->handles().curves.find(uvCurves[side]);
+        CurveStorage* storage = session.handles().curves.find(uvCurves[side]);
         if (!storage) {
-            session->errors().add("ProEdgedataGet: a curve is no curve storage that is out");
+            session.errors().add("ProEdgedataGet: a curve is no curve storage that is out");
             return PRO_TK_BAD_INPUTS;
         }
         storage->type = source.sides[side].curve ? source.sides[side].curveType : 0;
@@ -180,10 +167,8 @@ ProError ops::ProEdgedataGet(int context, ProEdgedata edge, int* id, int surface
     return PRO_TK_NO_ERROR;
 }
 
-ProError ops::ProIntfDataSurfaceGet(int context, ProIntfData data, int index, ProSurfacedata* surface) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    IntfDataBlock* block = blockOf(*session, "ProIntfDataSurfaceGet", data);
+ProError ops::ProIntfDataSurfaceGet(Session& session, ProIntfData data, int index, ProSurfacedata* surface) {
+    IntfDataBlock* block = blockOf(session, "ProIntfDataSurfaceGet", data);
     if (!block || !block->data || !surface) return PRO_TK_BAD_INPUTS;
     if (index < 0 || index >= static_cast<int>(block->data->surfaces.size())) return PRO_TK_E_NOT_FOUND;
     *surface = handleOf<ProSurfacedata>(block->surfaces[static_cast<size_t>(index)]);
@@ -192,45 +177,38 @@ ProError ops::ProIntfDataSurfaceGet(int context, ProIntfData data, int index, Pr
 
 // The surface's type is always that of a B-spline surface; the shape is null
 // for a surface that is none.
-ProError ops::ProSurfacedataGet(int context, ProSurfacedata surface, int* type, ProSurfaceshapedata* shape, int* id) {
-    if (!sessionFor(context)) return PRO_TK_GENERAL_ERROR;
+ProError ops::ProSurfacedataGet(Session&, ProSurfacedata surface, int* type, ProSurfaceshapedata* shape, int* id) {
     if (!surface) return PRO_TK_BAD_INPUTS;
     const ExactSurface& source = *objectOf<SurfacedataHandle>(surface)->surface;
-    if (type) *type = curveTypeBspline;
+    if (type) *type = PRO_ENT_B_SPLINE;
     if (shape) *shape = source.shape ? handleOf<ProSurfaceshapedata>(*source.shape) : nullptr;
     if (id) *id = source.id;
     return PRO_TK_NO_ERROR;
 }
 
-ProError ops::ProSurfacedataContourArrayGet(int context, ProSurfacedata surface, ProContourdata** contours) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
+ProError ops::ProSurfacedataContourArrayGet(Session& session, ProSurfacedata surface, ProContourdata** contours) {
     if (!surface || !contours) return PRO_TK_BAD_INPUTS;
     auto* handle = const_cast<SurfacedataHandle*>(objectOf<SurfacedataHandle>(surface));
-    *contours = contourArrayOf(*session, *handle);
+    *contours = contourArrayOf(session, *handle);
     return PRO_TK_NO_ERROR;
 }
 
-ProError ops::ProIntfDataQuiltGet(int context, ProIntfData data, int index, ProQuiltdata* quilt) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    IntfDataBlock* block = blockOf(*session, "ProIntfDataQuiltGet", data);
+ProError ops::ProIntfDataQuiltGet(Session& session, ProIntfData data, int index, ProQuiltdata* quilt) {
+    IntfDataBlock* block = blockOf(session, "ProIntfDataQuiltGet", data);
     if (!block || !block->data || !quilt) return PRO_TK_BAD_INPUTS;
     if (index < 0 || index >= static_cast<int>(block->data->quilts.size())) return PRO_TK_E_NOT_FOUND;
     const size_t at = static_cast<size_t>(index);
-    QuiltdataHandle* made = session->handles().quiltData.make(&block->data->quilts[at], &block->quiltSurfaces[at]);
+    QuiltdataHandle* made = session.handles().quiltData.make(&block->data->quilts[at], &block->quiltSurfaces[at]);
     *quilt = handleOf<ProQuiltdata>(*made);
     return PRO_TK_NO_ERROR;
 }
 
 // The quilt's surfaces come as a host array of surface handles, nulls among
 // them, that stays the quilt's and goes with it.
-ProError ops::ProQuiltdataGet(int context, ProQuiltdata quilt, int* id, ProSurfacedata** surfaces) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    QuiltdataHandle* handle = session->handles().quiltData.find(quilt);
+ProError ops::ProQuiltdataGet(Session& session, ProQuiltdata quilt, int* id, ProSurfacedata** surfaces) {
+    QuiltdataHandle* handle = session.handles().quiltData.find(quilt);
     if (!handle) {
-        session->errors().add("ProQuiltdataGet: the handle is no quilt data that is out");
+        session.errors().add("ProQuiltdataGet: the handle is no quilt data that is out");
         return PRO_TK_BAD_INPUTS;
     }
     if (id) *id = handle->quilt->id;
@@ -239,59 +217,52 @@ ProError ops::ProQuiltdataGet(int context, ProQuiltdata quilt, int* id, ProSurfa
         std::vector<ProSurfacedata> array;
         for (SurfacedataHandle* surface : *handle->surfaces)
             array.push_back(surface ? handleOf<ProSurfacedata>(*surface) : nullptr);
-        handle->surfaceArray = session->arrays().copyOf<ProSurfacedata>(array, "quilt surfaces");
+        handle->surfaceArray = session.arrays().copyOf<ProSurfacedata>(array, "quilt surfaces");
     }
     *surfaces = handle->surfaceArray;
     return PRO_TK_NO_ERROR;
 }
 
-ProError ops::ProQuiltdataMemoryFree(int context, ProQuiltdata quilt) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    std::unique_ptr<QuiltdataHandle> handle = session->handles().quiltData.take(quilt);
+ProError ops::ProQuiltdataMemoryFree(Session& session, ProQuiltdata quilt) {
+    std::unique_ptr<QuiltdataHandle> handle = session.handles().quiltData.take(quilt);
     if (!handle) {
-        session->errors().add("ProQuiltdataMemoryFree: the handle is no quilt data that is out");
+        session.errors().add("ProQuiltdataMemoryFree: the handle is no quilt data that is out");
         return PRO_TK_BAD_INPUTS;
     }
-    if (handle->surfaceArray) session->arrays().free(handle->surfaceArray);
+    if (handle->surfaceArray) session.arrays().free(handle->surfaceArray);
     return PRO_TK_NO_ERROR;
 }
 
 // The exact data of a visited surface holds its contours and no shape.
-ProError ops::ProSurfaceDataGet(int context, ProSurface surface, ProGeomitemdata** data) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
+ProError ops::ProSurfaceDataGet(Session& session, ProSurface surface, ProGeomitemdata** data) {
     if (!surface || !data) return PRO_TK_BAD_INPUTS;
     const Surface& source = *objectOf<Surface>(surface);
-    GeomitemRecord* record = session->handles().geomitemData.make();
+    GeomitemRecord* record = session.handles().geomitemData.make();
     record->surface.id = source.id;
     record->surface.contours = source.contours;
     record->handle = {&record->surface, &record->arrays, nullptr};
-    record->data = {itemTypeSurface, handleOf<ProSurfacedata>(record->handle)};
+    record->data = {PRO_ITEM_SURFACE, handleOf<ProSurfacedata>(record->handle)};
     *data = &record->data;
     return PRO_TK_NO_ERROR;
 }
 
-ProError ops::ProGeomitemdataFree(int context, ProGeomitemdata** data) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    std::unique_ptr<GeomitemRecord> record = data ? session->handles().geomitemData.take(*data) : nullptr;
+ProError ops::ProGeomitemdataFree(Session& session, ProGeomitemdata** data) {
+    std::unique_ptr<GeomitemRecord> record = data ? session.handles().geomitemData.take(*data) : nullptr;
     if (!record) {
-        session->errors().add("ProGeomitemdataFree: the pointer is no surface data that is out");
+        session.errors().add("ProGeomitemdataFree: the pointer is no surface data that is out");
         return PRO_TK_BAD_INPUTS;
     }
-    freeArrays(*session, record->arrays);
+    freeArrays(session, record->arrays);
     *data = nullptr;
     return PRO_TK_NO_ERROR;
 }
 
 // Views into the block's own storage, valid until the block is freed;
 // nothing here is for the plug-in to free.
-ProError ops::ProBsplinesrfdataGet(int context, ProSurfaceshapedata shape, int degrees[2], double** knotsU,
+ProError ops::ProBsplinesrfdataGet(Session&, ProSurfaceshapedata shape, int degrees[2], double** knotsU,
                                    double** knotsV, double** weights, Pro3dPnt** points, int* knotCountU,
                                    int* knotCountV, int* pointCount) {
     static_assert(sizeof(Pro3dPnt) == sizeof(Point3), "the host's point has the toolkit's layout");
-    if (!sessionFor(context)) return PRO_TK_GENERAL_ERROR;
     if (!shape) return PRO_TK_GENERAL_ERROR;
     if (!degrees || !knotsU || !knotsV || !weights || !points || !knotCountU || !knotCountV || !pointCount)
         return PRO_TK_BAD_INPUTS;

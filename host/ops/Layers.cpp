@@ -15,7 +15,7 @@ bool holds(const Layer& layer, const ProLayerItem& item) {
 }
 
 // Blanked and hidden layers hide what they hold; the other statuses show it.
-bool hides(const Layer& layer) { return layer.displayStatus == layerBlank || layer.displayStatus == layerHidden; }
+bool hides(const Layer& layer) { return layer.displayStatus == PRO_LAYER_BLANK || layer.displayStatus == PRO_LAYER_HIDDEN; }
 
 ProBoolean flag(bool value) { return value ? PRO_B_TRUE : PRO_B_FALSE; }
 
@@ -37,13 +37,13 @@ ProError answerFlagOf(const Item* found, bool Item::*field, ProBoolean* answer) 
 ProError answerFlag(const Session& session, const ProModelitem* item, ProBoolean* answer, const FlagSource& source) {
     const Model* owner = item ? ops::modelOf(session, item->owner) : nullptr;
     if (!owner || !answer) return PRO_TK_BAD_INPUTS;
-    if (item->type == itemTypeFeature && source.ofFeature) {
+    if (item->type == PRO_ITEM_FEATURE && source.ofFeature) {
         return answerFlagOf(owner->findFeature(item->id), source.ofFeature, answer);
     }
-    if (item->type == itemTypeSurface && source.ofSurface) {
+    if (item->type == PRO_ITEM_SURFACE && source.ofSurface) {
         return answerFlagOf(owner->findSurface(item->id), source.ofSurface, answer);
     }
-    if (item->type == itemTypeQuilt && source.ofQuilt) {
+    if (item->type == PRO_ITEM_QUILT && source.ofQuilt) {
         return answerFlagOf(owner->findQuilt(item->id), source.ofQuilt, answer);
     }
     return PRO_TK_BAD_INPUTS;
@@ -51,24 +51,20 @@ ProError answerFlag(const Session& session, const ProModelitem* item, ProBoolean
 
 }  // namespace
 
-ProError ops::ProLayerItemInit(int context, int type, int id, ProMdl owner, ProLayerItem* item) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    if (!modelOf(*session, owner) || !item) return PRO_TK_BAD_INPUTS;
+ProError ops::ProLayerItemInit(Session& session, int type, int id, ProMdl owner, ProLayerItem* item) {
+    if (!modelOf(session, owner) || !item) return PRO_TK_BAD_INPUTS;
     *item = ProLayerItem{type, id, owner};
     return PRO_TK_NO_ERROR;
 }
 
 // Whether the item shows: 0 when a layer that holds it is blanked or hidden,
 // else 1. Given a layer, only that layer counts.
-ProError ops::ProLayeritemStatusGet(int context, ProLayerItem* item, ProLayer* layer, int* status) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    const Model* owner = item ? modelOf(*session, item->owner) : nullptr;
+ProError ops::ProLayeritemStatusGet(Session& session, ProLayerItem* item, ProLayer* layer, int* status) {
+    const Model* owner = item ? modelOf(session, item->owner) : nullptr;
     if (!owner || !status) return PRO_TK_BAD_INPUTS;
     bool hidden = false;
     if (layer) {
-        const Model* layerOwner = modelOf(*session, layer->owner);
+        const Model* layerOwner = modelOf(session, layer->owner);
         const Layer* only = layerOwner ? layerOwner->findLayer(layer->id) : nullptr;
         if (!only) return PRO_TK_E_NOT_FOUND;
         hidden = holds(*only, *item) && hides(*only);
@@ -83,24 +79,20 @@ ProError ops::ProLayeritemStatusGet(int context, ProLayerItem* item, ProLayer* l
 // The layers of the item's owner that hold it, as a host array (empty for
 // none). The path plays no part: the headless host has no layers of an
 // assembly that reach into its components.
-ProError ops::ProLayeritemLayersGet(int context, ProAsmcomppath*, ProLayerItem* item, ProLayer** layers) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    const Model* owner = item ? modelOf(*session, item->owner) : nullptr;
+ProError ops::ProLayeritemLayersGet(Session& session, ProAsmcomppath*, ProLayerItem* item, ProLayer** layers) {
+    const Model* owner = item ? modelOf(session, item->owner) : nullptr;
     if (!owner || !layers) return PRO_TK_BAD_INPUTS;
     std::vector<ProLayer> holding;
     for (const Layer& layer : owner->layers) {
-        if (holds(layer, *item)) holding.push_back(ProLayer{itemTypeLayer, layer.id, item->owner});
+        if (holds(layer, *item)) holding.push_back(ProLayer{PRO_ITEM_LAYER, layer.id, item->owner});
     }
-    *layers = session->arrays().copyOf<ProLayer>(holding, "layers");
+    *layers = session.arrays().copyOf<ProLayer>(holding, "layers");
     return PRO_TK_NO_ERROR;
 }
 
-ProError ops::ProLayerDisplaystatusGet(int context, ProLayer* layer, int* status) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    const Model* owner = layer ? modelOf(*session, layer->owner) : nullptr;
-    if (!owner || !status || layer->type != itemTypeLayer) return PRO_TK_BAD_INPUTS;
+ProError ops::ProLayerDisplaystatusGet(Session& session, ProLayer* layer, int* status) {
+    const Model* owner = layer ? modelOf(session, layer->owner) : nullptr;
+    if (!owner || !status || layer->type != PRO_ITEM_LAYER) return PRO_TK_BAD_INPUTS;
     const Layer* found = owner->findLayer(layer->id);
     if (!found) return PRO_TK_E_NOT_FOUND;
     *status = found->displayStatus;
@@ -108,21 +100,16 @@ ProError ops::ProLayerDisplaystatusGet(int context, ProLayer* layer, int* status
 }
 
 // Features and quilts can be hidden in the model tree.
-ProError ops::ProModelitemIsHidden(int context, ProModelitem* item, ProBoolean* hidden) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    return answerFlag(*session, item, hidden, {&Feature::hidden, nullptr, &Quilt::hidden});
+ProError ops::ProModelitemIsHidden(Session& session, ProModelitem* item, ProBoolean* hidden) {
+    return answerFlag(session, item, hidden, {&Feature::hidden, nullptr, &Quilt::hidden});
 }
 
 // Surfaces and quilts can be inactive.
-ProError ops::ProGeomitemIsInactive(int context, ProGeomitem* item, ProBoolean* inactive) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    return answerFlag(*session, item, inactive, {nullptr, &Surface::inactive, &Quilt::inactive});
+ProError ops::ProGeomitemIsInactive(Session& session, ProGeomitem* item, ProBoolean* inactive) {
+    return answerFlag(session, item, inactive, {nullptr, &Surface::inactive, &Quilt::inactive});
 }
 
-ProError ops::ProQuiltIsBackupgeometry(int context, ProQuilt quilt, ProBoolean* backup) {
-    if (!sessionFor(context)) return PRO_TK_GENERAL_ERROR;
+ProError ops::ProQuiltIsBackupgeometry(Session&, ProQuilt quilt, ProBoolean* backup) {
     if (!quilt || !backup) return PRO_TK_BAD_INPUTS;
     *backup = flag(objectOf<Quilt>(quilt)->backup);
     return PRO_TK_NO_ERROR;

@@ -9,47 +9,39 @@ constexpr size_t modelNameCapacity = sizeof(ProMdlName) / sizeof(ProWchar);
 constexpr size_t modelTypeCapacity = sizeof(ProMdldata::type) / sizeof(ProWchar);
 
 std::u16string_view typeText(int type) {
-    if (type == modelTypeAssembly) return u"ASM";
-    if (type == modelTypePart) return u"PRT";
+    if (type == PRO_MDL_ASSEMBLY) return u"ASM";
+    if (type == PRO_MDL_PART) return u"PRT";
     return u"";
 }
 
 }  // namespace
 
 // Fails, leaving the output as it was, when no model is open.
-ProError ops::ProMdlCurrentGet(int context, ProMdl* model) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
+ProError ops::ProMdlCurrentGet(Session& session, ProMdl* model) {
     if (!model) return PRO_TK_BAD_INPUTS;
-    if (!session->currentModel()) return PRO_TK_E_NOT_FOUND;
-    *model = handleOf<ProMdl>(*session->currentModel());
+    if (!session.currentModel()) return PRO_TK_E_NOT_FOUND;
+    *model = handleOf<ProMdl>(*session.currentModel());
     return PRO_TK_NO_ERROR;
 }
 
 // The bare name, cut to fit the 80 units of a model name.
-ProError ops::ProMdlNameGet(int context, ProMdl handle, ProMdlName name) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    const Model* model = modelOf(*session, handle);
+ProError ops::ProMdlNameGet(Session& session, ProMdl handle, ProMdlName name) {
+    const Model* model = modelOf(session, handle);
     if (!model || !name) return PRO_TK_BAD_INPUTS;
     copyToBuffer(name, modelNameCapacity, model->name);
     return PRO_TK_NO_ERROR;
 }
 
-ProError ops::ProMdlTypeGet(int context, ProMdl handle, int* type) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    const Model* model = modelOf(*session, handle);
+ProError ops::ProMdlTypeGet(Session& session, ProMdl handle, int* type) {
+    const Model* model = modelOf(session, handle);
     if (!model || !type) return PRO_TK_BAD_INPUTS;
     *type = model->type;
     return PRO_TK_NO_ERROR;
 }
 
 // The name and the type's short text; a model of the headless host has no file path.
-ProError ops::ProMdlDataGet(int context, ProMdl handle, ProMdldata* data) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    const Model* model = modelOf(*session, handle);
+ProError ops::ProMdlDataGet(Session& session, ProMdl handle, ProMdldata* data) {
+    const Model* model = modelOf(session, handle);
     if (!model || !data) return PRO_TK_BAD_INPUTS;
     *data = ProMdldata{};
     copyToBuffer(data->name, modelNameCapacity, model->name);
@@ -57,21 +49,17 @@ ProError ops::ProMdlDataGet(int context, ProMdl handle, ProMdldata* data) {
     return PRO_TK_NO_ERROR;
 }
 
-ProError ops::ProModeCurrentGet(int context, int* mode) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
+ProError ops::ProModeCurrentGet(Session& session, int* mode) {
     if (!mode) return PRO_TK_BAD_INPUTS;
-    *mode = session->mode();
+    *mode = session.mode();
     return PRO_TK_NO_ERROR;
 }
 
-// The model's own item: the model's type, the id modelItemId, the model as owner.
-ProError ops::ProMdlToModelitem(int context, ProMdl handle, ProModelitem* item) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    const Model* model = modelOf(*session, handle);
+// The model's own item: the model's type, the id PRO_MODEL_ITEM_ID, the model as owner.
+ProError ops::ProMdlToModelitem(Session& session, ProMdl handle, ProModelitem* item) {
+    const Model* model = modelOf(session, handle);
     if (!model || !item) return PRO_TK_BAD_INPUTS;
-    *item = ProModelitem{model->type, modelItemId, handle};
+    *item = ProModelitem{model->type, PRO_MODEL_ITEM_ID, handle};
     return PRO_TK_NO_ERROR;
 }
 

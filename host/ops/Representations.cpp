@@ -9,58 +9,51 @@
 namespace host {
 
 // The filter may be null; the callbacks get a representation item.
-ProError ops::ProSolidSimprepVisit(int context, ProSolid solid, ProSimprepFilterAction filter,
+ProError ops::ProSolidSimprepVisit(Session& session, ProSolid solid, ProSimprepFilterAction filter,
                                    ProSimprepVisitAction action, ProAppData data) {
     auto itemOf = [](const Representation& representation, ProSolid owner) {
-        return ProSimprep{itemTypeSimprep, representation.id, owner};
+        return ProSimprep{PRO_ITEM_SIMPREP, representation.id, owner};
     };
-    return visitOfSolid(context, solid, &Model::representations, itemOf, filter, action, data);
+    return visitOfSolid(session, solid, &Model::representations, itemOf, filter, action, data);
 }
 
 // The user's choice comes from the script: a representation by name, or a
 // cancel (PRO_TK_USER_ABORT). No answer, or a name the model lacks, is
 // logged and fails.
-ProError ops::ProSimprepSelect(int context, ProSolid solid, ProSimprep* simprep) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    const Model* model = modelOf(*session, solid);
+ProError ops::ProSimprepSelect(Session& session, ProSolid solid, ProSimprep* simprep) {
+    const Model* model = modelOf(session, solid);
     if (!model || !simprep) return PRO_TK_BAD_INPUTS;
     std::optional<RepresentationAnswer> answer =
-        session->script().nextRepresentation("a simplified representation of " + narrowed(model->name));
+        session.script().nextRepresentation("a simplified representation of " + narrowed(model->name));
     if (!answer) return PRO_TK_GENERAL_ERROR;
     if (answer->cancelled) return PRO_TK_USER_ABORT;
     const Representation* chosen = model->findRepresentation(answer->name);
     if (!chosen) {
-        session->errors().add("ProSimprepSelect: the script chose the representation \"" + narrowed(answer->name) +
+        session.errors().add("ProSimprepSelect: the script chose the representation \"" + narrowed(answer->name) +
                               "\", which \"" + narrowed(model->name) + "\" doesn't have");
         return PRO_TK_GENERAL_ERROR;
     }
-    *simprep = ProSimprep{itemTypeSimprep, chosen->id, solid};
+    *simprep = ProSimprep{PRO_ITEM_SIMPREP, chosen->id, solid};
     return PRO_TK_NO_ERROR;
 }
 
 // The data's items are a host array; ProSimprepdataFree frees both.
-ProError ops::ProSimprepdataGet(int context, ProSimprep* simprep, ProSimprepdata** data) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    const Model* owner = simprep ? modelOf(*session, simprep->owner) : nullptr;
-    if (!owner || !data || simprep->type != itemTypeSimprep) return PRO_TK_BAD_INPUTS;
+ProError ops::ProSimprepdataGet(Session& session, ProSimprep* simprep, ProSimprepdata** data) {
+    const Model* owner = simprep ? modelOf(session, simprep->owner) : nullptr;
+    if (!owner || !data || simprep->type != PRO_ITEM_SIMPREP) return PRO_TK_BAD_INPUTS;
     const Representation* representation = owner->findRepresentation(simprep->id);
     if (!representation) return PRO_TK_E_NOT_FOUND;
-    if (representation->dataFails) return PRO_TK_GENERAL_ERROR;
-    ProSimprepitem* items = session->arrays().copyOf<ProSimprepitem>(representation->items, "representation items");
-    *data = session->handles().representationData.make(ProSimprepdata{representation->defaultAction, items});
+    ProSimprepitem* items = session.arrays().copyOf<ProSimprepitem>(representation->items, "representation items");
+    *data = session.handles().representationData.make(ProSimprepdata{representation->defaultAction, items});
     return PRO_TK_NO_ERROR;
 }
 
-ProError ops::ProSimprepdataitemsVisit(int context, ProSimprepdata* data, ProSimprepitemVisitAction action,
+ProError ops::ProSimprepdataitemsVisit(Session& session, ProSimprepdata* data, ProSimprepitemVisitAction action,
                                        ProAppData appData) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
     if (!action) return PRO_TK_BAD_INPUTS;
-    int count = session->handles().representationData.find(data) ? session->arrays().size(data->items) : -1;
+    int count = session.handles().representationData.find(data) ? session.arrays().size(data->items) : -1;
     if (count < 0) {
-        session->errors().add("ProSimprepdataitemsVisit: the pointer is no representation data that is out");
+        session.errors().add("ProSimprepdataitemsVisit: the pointer is no representation data that is out");
         return PRO_TK_BAD_INPUTS;
     }
     std::span<ProSimprepitem> items(data->items, static_cast<size_t>(count));
@@ -69,15 +62,13 @@ ProError ops::ProSimprepdataitemsVisit(int context, ProSimprepdata* data, ProSim
         items, [](ProSimprepitem& item) { return &item; }, noFilter, action, appData);
 }
 
-ProError ops::ProSimprepdataFree(int context, ProSimprepdata** data) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    std::unique_ptr<ProSimprepdata> freed = data ? session->handles().representationData.take(*data) : nullptr;
+ProError ops::ProSimprepdataFree(Session& session, ProSimprepdata** data) {
+    std::unique_ptr<ProSimprepdata> freed = data ? session.handles().representationData.take(*data) : nullptr;
     if (!freed) {
-        session->errors().add("ProSimprepdataFree: the pointer is no representation data that is out");
+        session.errors().add("ProSimprepdataFree: the pointer is no representation data that is out");
         return PRO_TK_BAD_INPUTS;
     }
-    session->arrays().free(freed->items);
+    session.arrays().free(freed->items);
     *data = nullptr;
     return PRO_TK_NO_ERROR;
 }

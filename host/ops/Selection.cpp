@@ -40,37 +40,33 @@ std::optional<std::vector<ProSelection>> selectionsFor(Session& session, const M
 // answers PRO_TK_USER_ABORT with the count 0; a question that the script
 // doesn't answer, or answers with a path that leads nowhere, fails with the
 // count 0 and the reason logged.
-ProError ops::ProSelect(int context, const char* types, int maxCount, ProSelection*, void*, void*, void*,
+ProError ops::ProSelect(Session& session, const char* types, int maxCount, ProSelection*, void*, void*, void*,
                         ProSelection** selections, int* count) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
     if (!selections || !count) return PRO_TK_BAD_INPUTS;
     *count = 0;
-    session->selectRequests().push_back({std::string(textOf(types)), maxCount});
-    const Model* top = session->currentModel();
+    session.selectRequests().push_back({std::string(textOf(types)), maxCount});
+    const Model* top = session.currentModel();
     if (!top) {
-        session->errors().add("ProSelect: there is no current model to pick from");
+        session.errors().add("ProSelect: there is no current model to pick from");
         return PRO_TK_GENERAL_ERROR;
     }
-    std::optional<SelectionAnswer> answer = session->script().nextSelection(textOf(types));
+    std::optional<SelectionAnswer> answer = session.script().nextSelection(textOf(types));
     if (!answer) return PRO_TK_GENERAL_ERROR;
     if (answer->cancelled) return PRO_TK_USER_ABORT;
     if (maxCount > 0 && answer->picks.size() > static_cast<size_t>(maxCount)) {
-        session->errors().add("ProSelect: the script picked " + std::to_string(answer->picks.size()) +
+        session.errors().add("ProSelect: the script picked " + std::to_string(answer->picks.size()) +
                               " items where the plug-in allowed " + std::to_string(maxCount));
         return PRO_TK_GENERAL_ERROR;
     }
-    std::optional<std::vector<ProSelection>> picked = selectionsFor(*session, *top, answer->picks);
+    std::optional<std::vector<ProSelection>> picked = selectionsFor(session, *top, answer->picks);
     if (!picked) return PRO_TK_GENERAL_ERROR;
-    *selections = session->arrays().copyOf<ProSelection>(*picked, "selections");
+    *selections = session.arrays().copyOf<ProSelection>(*picked, "selections");
     *count = static_cast<int>(picked->size());
     return PRO_TK_NO_ERROR;
 }
 
-ProError ops::ProSelectionAsmcomppathGet(int context, ProSelection selection, ProAsmcomppath* path) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    const Selection* found = session->handles().selections.find(selection);
+ProError ops::ProSelectionAsmcomppathGet(Session& session, ProSelection selection, ProAsmcomppath* path) {
+    const Selection* found = session.handles().selections.find(selection);
     if (!found || !path) return PRO_TK_BAD_INPUTS;
     *path = found->path;
     return PRO_TK_NO_ERROR;

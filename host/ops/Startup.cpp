@@ -5,40 +5,31 @@
 
 namespace host {
 
-ProError ops::ProToolkitUnicodeencodingIsEnabled(int context, ProBoolean* enabled) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
+ProError ops::ProToolkitUnicodeencodingIsEnabled(Session& session, ProBoolean* enabled) {
     if (!enabled) return PRO_TK_BAD_INPUTS;
-    *enabled = session->unicodeEncoding() ? PRO_B_TRUE : PRO_B_FALSE;
+    *enabled = session.unicodeEncoding() ? PRO_B_TRUE : PRO_B_FALSE;
     return PRO_TK_NO_ERROR;
 }
 
-ProError ops::ProRunmodeGet(int context, int* mode) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
+ProError ops::ProRunmodeGet(Session& session, int* mode) {
     if (!mode) return PRO_TK_BAD_INPUTS;
-    *mode = session->runMode();
+    *mode = session.runMode();
     return PRO_TK_NO_ERROR;
 }
 
 // The text is the host's: the plug-in gives it back with ProStringFree.
-ProError ops::ProEngineerDisplayversionGet(int context, char** version) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
+ProError ops::ProEngineerDisplayversionGet(Session& session, char** version) {
     if (!version) return PRO_TK_BAD_INPUTS;
-    if (!session->displayVersion()) return PRO_TK_GENERAL_ERROR;
-    *version = session->handedOutStrings().give(*session->displayVersion());
+    *version = session.handedOutStrings().give(session.displayVersion());
     return PRO_TK_NO_ERROR;
 }
 
-ProError ops::ProUndoclearBypassInitialize(int context) {
-    return sessionFor(context) ? PRO_TK_NO_ERROR : PRO_TK_GENERAL_ERROR;
+ProError ops::ProUndoclearBypassInitialize(Session&) {
+    return PRO_TK_NO_ERROR;
 }
 
-ProError ops::ProStringFree(int context, char* text) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    return session->handedOutStrings().release(text) ? PRO_TK_NO_ERROR : PRO_TK_BAD_INPUTS;
+ProError ops::ProStringFree(Session& session, char* text) {
+    return session.handedOutStrings().release(text) ? PRO_TK_NO_ERROR : PRO_TK_BAD_INPUTS;
 }
 
 }  // namespace host

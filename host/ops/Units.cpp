@@ -10,9 +10,6 @@ namespace host {
 namespace {
 
 constexpr size_t unitNameCapacity = sizeof(ProUnitName) / sizeof(ProWchar);
-// The unit type of lengths, and the type of a mass-length-time system.
-constexpr int unitTypeLength = 0;
-constexpr int unitSystemMassLengthTime = 1;
 
 struct KnownUnit {
     std::u16string_view name;
@@ -40,31 +37,25 @@ std::optional<double> metresPer(std::u16string_view unit) {
 }  // namespace
 
 // The system is named after the model's length unit.
-ProError ops::ProMdlPrincipalunitsystemGet(int context, ProMdl handle, ProUnitsystem* system) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    const Model* model = modelOf(*session, handle);
+ProError ops::ProMdlPrincipalunitsystemGet(Session& session, ProMdl handle, ProUnitsystem* system) {
+    const Model* model = modelOf(session, handle);
     if (!model || !system) return PRO_TK_BAD_INPUTS;
     system->owner = handle;
     copyToBuffer(system->name, unitNameCapacity, model->lengthUnit + u" system");
     return PRO_TK_NO_ERROR;
 }
 
-ProError ops::ProUnitsystemTypeGet(int context, ProUnitsystem* system, int* type) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    if (!system || !modelOf(*session, system->owner) || !type) return PRO_TK_BAD_INPUTS;
-    *type = unitSystemMassLengthTime;
+ProError ops::ProUnitsystemTypeGet(Session& session, ProUnitsystem* system, int* type) {
+    if (!system || !modelOf(session, system->owner) || !type) return PRO_TK_BAD_INPUTS;
+    *type = PRO_UNITSYSTEM_MASS_LENGTH_TIME;
     return PRO_TK_NO_ERROR;
 }
 
 // Only the length unit (type 0) is known; other types are not found.
-ProError ops::ProUnitsystemUnitGet(int context, ProUnitsystem* system, int unitType, ProUnititem* unit) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    const Model* model = system ? modelOf(*session, system->owner) : nullptr;
+ProError ops::ProUnitsystemUnitGet(Session& session, ProUnitsystem* system, int unitType, ProUnititem* unit) {
+    const Model* model = system ? modelOf(session, system->owner) : nullptr;
     if (!model || !unit) return PRO_TK_BAD_INPUTS;
-    if (unitType != unitTypeLength) return PRO_TK_E_NOT_FOUND;
+    if (unitType != PRO_UNITTYPE_LENGTH) return PRO_TK_E_NOT_FOUND;
     unit->owner = system->owner;
     copyToBuffer(unit->name, unitNameCapacity, model->lengthUnit);
     return PRO_TK_NO_ERROR;
@@ -72,10 +63,8 @@ ProError ops::ProUnitsystemUnitGet(int context, ProUnitsystem* system, int unitT
 
 // The length of `unit` in units of `reference`, or in metres when there is
 // no reference; not found for a unit the host doesn't know.
-ProError ops::ProUnitConversionGet(int context, ProUnititem* unit, ProUnitConversion* conversion,
+ProError ops::ProUnitConversionGet(Session&, ProUnititem* unit, ProUnitConversion* conversion,
                                    ProUnititem* reference) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
     if (!unit || !conversion) return PRO_TK_BAD_INPUTS;
     std::optional<double> metres = metresPer(textOf(unit->name));
     std::optional<double> referenceMetres = reference ? metresPer(textOf(reference->name)) : 1.0;

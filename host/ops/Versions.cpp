@@ -22,13 +22,10 @@ uint64_t nameHash(std::u16string_view name) {
 // The stamp holds the model's place in the session, its version and a hash
 // of its name: two models never share a stamp, and a modified model gets a
 // new one.
-ProError ops::ProMdlVerstampGet(int context, ProMdl handle, ProMdlVerstamp* stamp) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    const Model* model = modelOf(*session, handle);
+ProError ops::ProMdlVerstampGet(Session& session, ProMdl handle, ProMdlVerstamp* stamp) {
+    const Model* model = modelOf(session, handle);
     if (!model || !stamp) return PRO_TK_BAD_INPUTS;
-    if (model->verstampFails) return PRO_TK_GENERAL_ERROR;
-    const auto& models = session->models();
+    const auto& models = session.models();
     uint32_t place = 0;
     while (&models[place] != model) ++place;
     int32_t version = model->version;
@@ -39,8 +36,7 @@ ProError ops::ProMdlVerstampGet(int context, ProMdl handle, ProMdlVerstamp* stam
     return PRO_TK_NO_ERROR;
 }
 
-ProBoolean ops::ProVerstampEqual(int context, ProMdlVerstamp first, ProMdlVerstamp second) {
-    if (!sessionFor(context)) return PRO_B_FALSE;
+ProBoolean ops::ProVerstampEqual(Session&, ProMdlVerstamp first, ProMdlVerstamp second) {
     return std::memcmp(first.bytes, second.bytes, sizeof(first.bytes)) == 0 ? PRO_B_TRUE : PRO_B_FALSE;
 }
 

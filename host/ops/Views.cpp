@@ -21,10 +21,8 @@ bool isSavedViewOf(const Model& model, const View* view) {
 }  // namespace
 
 // A null view is the current view; any other must be a saved view of the model.
-ProError ops::ProViewMatrixGet(int context, ProMdl handle, ProView view, ProMatrix matrix) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    const Model* model = modelOf(*session, handle);
+ProError ops::ProViewMatrixGet(Session& session, ProMdl handle, ProView view, ProMatrix matrix) {
+    const Model* model = modelOf(session, handle);
     if (!model || !matrix) return PRO_TK_BAD_INPUTS;
     if (!view) {
         copyMatrix(model->currentView, matrix);
@@ -38,14 +36,12 @@ ProError ops::ProViewMatrixGet(int context, ProMdl handle, ProView view, ProMatr
 
 // The names as a host array of lines, in the model's order; the alternate
 // names, when asked for, are a second array of the same names.
-ProError ops::ProViewNamesGet(int context, ProMdl handle, ProLine** names, ProLine** alternateNames, int* count) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    const Model* model = modelOf(*session, handle);
+ProError ops::ProViewNamesGet(Session& session, ProMdl handle, ProLine** names, ProLine** alternateNames, int* count) {
+    const Model* model = modelOf(session, handle);
     if (!model || !names || !count) return PRO_TK_BAD_INPUTS;
     auto nameArray = [&](const char* kind) {
         auto* lines =
-            static_cast<ProLine*>(session->arrays().allocate(model->savedViews.size(), sizeof(ProLine), kind));
+            static_cast<ProLine*>(session.arrays().allocate(model->savedViews.size(), sizeof(ProLine), kind));
         for (size_t index = 0; index < model->savedViews.size(); ++index)
             copyToLine(lines[index], model->savedViews[index].name);
         return lines;
@@ -58,10 +54,8 @@ ProError ops::ProViewNamesGet(int context, ProMdl handle, ProLine** names, ProLi
 
 // The name is compared exact in case with the names as ProViewNamesGet
 // gives them, so a long name cut to a line still finds its view.
-ProError ops::ProViewNameToView(int context, ProMdl handle, const ProWchar* name, ProView* view) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    const Model* model = modelOf(*session, handle);
+ProError ops::ProViewNameToView(Session& session, ProMdl handle, const ProWchar* name, ProView* view) {
+    const Model* model = modelOf(session, handle);
     if (!model || !name || !view) return PRO_TK_BAD_INPUTS;
     for (const View& saved : model->savedViews) {
         if (std::u16string_view(saved.name).substr(0, lineCapacity - 1) == name) {

@@ -34,11 +34,9 @@ ProError visitEach(Items&& items, HandleOf handleOf, Filter filter, Action actio
 // The visit of one kind of a solid's items; `itemOf(item, solid)` makes
 // what the callbacks get.
 template <typename Item, typename ItemOf, typename Filter, typename Action>
-ProError visitOfSolid(int context, ProSolid solid, std::vector<Item> Model::*items, ItemOf itemOf, Filter filter,
+ProError visitOfSolid(Session& session, ProSolid solid, std::vector<Item> Model::*items, ItemOf itemOf, Filter filter,
                       Action action, ProAppData data) {
-    Session* session = sessionFor(context);
-    if (!session) return PRO_TK_GENERAL_ERROR;
-    const Model* model = modelOf(*session, solid);
+    const Model* model = modelOf(session, solid);
     if (!model || !action) return PRO_TK_BAD_INPUTS;
     return visitEach(
         model->*items, [&](const Item& item) { return itemOf(item, solid); }, filter, action, data);

@@ -13,7 +13,7 @@ std::vector<EdgeContour> contoursOf(const cad::CadFace& face) {
     std::vector<EdgeContour> contours;
     for (const cad::CadContour& contour : face.contours) {
         EdgeContour& edges = contours.emplace_back();
-        edges.traversal = contour.outer ? contourOuter : contourHole;
+        edges.traversal = contour.outer ? PRO_CONTOUR_TRAV_EXTERNAL : PRO_CONTOUR_TRAV_INTERNAL;
         for (const cad::CadEdgeUse& use : contour.edges) edges.edgeIds.push_back(use.edgeId);
     }
     return contours;

@@ -10,6 +10,7 @@
 #include "host/HostError.h"
 #include "host/cad/CadLoader.h"
 #include "host/realmodel/ModelLoading.h"
+#include "host/realmodel/TemporaryOutput.h"
 #include "scenereader/SceneReader.h"
 
 namespace host::realmodel {
@@ -79,42 +80,67 @@ void pressExport(const ExportRequest& request, const std::shared_ptr<const cad::
     }
 }
 
-}  // namespace
-
-ExportReport runExport(const ExportRequest& request) {
-    const auto start = Clock::now();
-    auto model = std::make_shared<const cad::CadModel>(
-        cad::loadCadModel(std::filesystem::absolute(request.model).string()));
-    const auto loading = Clock::now() - start;
-    ExportReport report = runExport(request, std::move(model));
-    report.times.loading = loading;
-    return report;
+// The same file by identity, whatever the spelling of either path.
+void refuseModelAsOutput(const ExportRequest& request) {
+    std::error_code error;
+    if (std::filesystem::equivalent(request.model, request.output, error)) {
+        throw ExportError("the scene \"" + request.output.string() + "\" would overwrite the model file \"" +
+                          request.model.string() + "\"");
+    }
 }
 
-ExportReport runExport(const ExportRequest& request, std::shared_ptr<const cad::CadModel> model) {
+// The plug-in writes the temporary file; the scene is read back from it and
+// put in place only when it is sound.
+ExportReport exportThrough(const ExportRequest& request, const std::shared_ptr<const cad::CadModel>& model,
+                           TemporaryOutput& output) {
     ExportReport report;
-    report.output = std::filesystem::absolute(request.output);
+    report.output = output.target();
     {
         WorkingDirectory workdir(request.workdir);
         writeSettingsFile(std::filesystem::current_path(), request.settings);
-        std::error_code ignored;
-        std::filesystem::remove(report.output, ignored);
-        pressExport(request, model, report.output, report);
+        pressExport(request, model, output.path(), report);
+        // The plug-in keeps the name it was given as its next default: the target's.
+        replaceExportPath(std::filesystem::current_path(), output.path(), output.target());
     }
 
     std::error_code error;
-    report.bytes = std::filesystem::file_size(report.output, error);
-    if (error) throw ExportError("the plug-in wrote no scene \"" + report.output.string() + "\"");
+    report.bytes = std::filesystem::file_size(output.path(), error);
+    if (error || report.bytes == 0) throw ExportError("the plug-in wrote no scene \"" + report.output.string() + "\"");
     const auto start = Clock::now();
     try {
-        const scenereader::Document scene = scenereader::readSceneFile(report.output.string());
+        const scenereader::Document scene = scenereader::readSceneFile(output.path().string());
         report.sceneProblems = scenereader::checkScene(scene);
         report.summary = scenereader::summarize(scene);
     } catch (const std::exception& failure) {
         throw ExportError(std::string("the written scene can't be read: ") + failure.what());
     }
     report.times.reading = Clock::now() - start;
+    if (report.sceneProblems.empty()) {
+        output.putInPlace();
+        report.placed = true;
+    }
     return report;
+}
+
+}  // namespace
+
+ExportReport runExport(const ExportRequest& request) {
+    refuseModelAsOutput(request);
+    TemporaryOutput output(std::filesystem::absolute(request.output));
+    const auto start = Clock::now();
+    auto model = std::make_shared<const cad::CadModel>(
+        cad::loadCadModel(std::filesystem::absolute(request.model).string()));
+    const auto loading = Clock::now() - start;
+    if (request.modelRead) request.modelRead();
+    ExportReport report = exportThrough(request, model, output);
+    report.times.loading = loading;
+    return report;
+}
+
+ExportReport runExport(const ExportRequest& request, std::shared_ptr<const cad::CadModel> model) {
+    refuseModelAsOutput(request);
+    TemporaryOutput output(std::filesystem::absolute(request.output));
+    return exportThrough(request, model, output);
 }
 
 std::string describeReport(const ExportReport& report) {

@@ -27,6 +27,8 @@ struct ExportRequest {
     ExportSettings settings;
     // Told after each surface is meshed: surfaces done and in all.
     std::function<void(std::size_t done, std::size_t total)> progress;
+    // Told when the model file has been read, before the plug-in runs.
+    std::function<void()> modelRead;
 };
 
 struct ExportTimes {
@@ -38,6 +40,7 @@ struct ExportTimes {
 
 struct ExportReport {
     std::filesystem::path output;               // absolute
+    bool placed = false;                        // the scene replaced the output: it was sound
     scenereader::SceneSummary summary;
     std::vector<std::string> sceneProblems;     // what the reader's checks found
     std::uintmax_t bytes = 0;
@@ -56,9 +59,13 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-// Throws cad::CadLoadError for a model that can't be read, HostError for a
-// plug-in that can't be started, and ExportError for errors that the session
-// logged during the run or a scene that wasn't written or can't be read.
+// The plug-in writes a temporary file beside the output, which replaces the
+// output only when the scene reads back sound; until then an earlier file of
+// that name stays as it was. Throws ExportError, before the model is read,
+// when the output is the model file itself or can't be written;
+// cad::CadLoadError for a model that can't be read, HostError for a plug-in
+// that can't be started, and ExportError for errors that the session logged
+// during the run or a scene that wasn't written or can't be read.
 ExportReport runExport(const ExportRequest& request);
 
 // The same for a model already loaded; `request.model` only names it.

@@ -51,4 +51,26 @@ void writeSettingsFile(const std::filesystem::path& folder, const ExportSettings
     }
 }
 
+bool settingsFileIsSound(const std::filesystem::path& folder) {
+    const std::filesystem::path file = folder / pluginSettingsFileName;
+    std::error_code error;
+    if (!std::filesystem::exists(file, error)) return true;
+    TiXmlDocument document;
+    return document.LoadFile(file.string().c_str()) && document.RootElement();
+}
+
+void replaceExportPath(const std::filesystem::path& folder, const std::filesystem::path& from,
+                       const std::filesystem::path& to) {
+    const std::string file = (folder / pluginSettingsFileName).string();
+    TiXmlDocument document;
+    if (!document.LoadFile(file.c_str())) return;
+    TiXmlElement* root = document.RootElement();
+    TiXmlElement* path = root ? root->FirstChildElement("exportPath") : nullptr;
+    const char* text = path ? path->GetText() : nullptr;
+    if (!text || from.string() != text) return;
+    path->Clear();
+    path->LinkEndChild(new TiXmlText(to.string().c_str()));
+    document.SaveFile(file.c_str());
+}
+
 }  // namespace host::realmodel

@@ -25,4 +25,12 @@ int upAxisNamed(const std::string& name);
 // file can't be written.
 void writeSettingsFile(const std::filesystem::path& folder, const ExportSettings& settings);
 
+// True when `folder` has no settings file, or one that is sound XML.
+bool settingsFileIsSound(const std::filesystem::path& folder);
+
+// In the settings file of `folder`, an export path `from` becomes `to`;
+// nothing changes for another path or a file that isn't sound.
+void replaceExportPath(const std::filesystem::path& folder, const std::filesystem::path& from,
+                       const std::filesystem::path& to);
+
 }  // namespace host::realmodel

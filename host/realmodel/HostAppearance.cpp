@@ -6,7 +6,7 @@
 #include <cstring>
 #include <string>
 
-#include "importers/sceneapi/Utf8.h"
+#include "platform/Utf8.h"
 
 namespace host::realmodel {
 
@@ -44,7 +44,7 @@ AppearanceProps appearancePropsOf(const cad::CadAppearance& appearance) {
     props.color[1] = appearance.green;
     props.color[2] = appearance.blue;
     props.highlightColor[0] = props.highlightColor[1] = props.highlightColor[2] = 1.0;
-    const std::u16string name = nvx::utf8ToWide(appearance.name.empty() ? colourName(appearance) : appearance.name);
+    const std::u16string name = platform::utf8ToWide(appearance.name.empty() ? colourName(appearance) : appearance.name);
     copyWide(name, props.name);
     copyWide(name, props.label);
     return props;

@@ -12,7 +12,7 @@ LoadedModel openInSession(Session& session, std::shared_ptr<const cad::CadModel>
     loaded.progress->setTotal(loaded.models.surfaceOccurrences);
     session.setTextureSearchPath(loaded.models.textureFolders);
     session.setCurrentModel(loaded.models.top);
-    session.setMode(loaded.models.top->type == modelTypeAssembly ? modeAssembly : modePart);
+    session.setMode(loaded.models.top->type == PRO_MDL_ASSEMBLY ? modeAssembly : modePart);
     return loaded;
 }
 

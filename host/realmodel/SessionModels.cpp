@@ -8,7 +8,7 @@
 #include "host/realmodel/CadInterfaceData.h"
 #include "host/realmodel/HostAppearance.h"
 #include "host/realmodel/StandardViews.h"
-#include "importers/sceneapi/Utf8.h"
+#include "platform/Utf8.h"
 
 namespace host::realmodel {
 
@@ -70,9 +70,9 @@ public:
 private:
     Model baseModel(const std::string& name, int type, cad::NodeRef node) const {
         Model model;
-        model.name = nvx::utf8ToWide(bareName(name));
+        model.name = platform::utf8ToWide(bareName(name));
         model.type = type;
-        model.lengthUnit = nvx::utf8ToWide(cad_->unitName);
+        model.lengthUnit = platform::utf8ToWide(cad_->unitName);
         const cad::Outline outline = cad::outlineOf(*cad_, node);
         if (!outline.empty()) model.outline = std::array<Point3, 2>{outline.min, outline.max};
         model.currentView = isometricView();
@@ -96,10 +96,10 @@ private:
 
     Model* buildPart(int index) {
         const cad::CadPart& part = cad_->parts.at(static_cast<size_t>(index));
-        Model model = baseModel(part.name, modelTypePart, {cad::NodeKind::part, index});
+        Model model = baseModel(part.name, PRO_MDL_PART, {cad::NodeKind::part, index});
         Feature solid;
         solid.id = largestId(part) + 1;
-        solid.type = featureTypeSolid;
+        solid.type = PRO_FEAT_TYPE_SOLID;
         model.features.push_back(solid);
         if (!part.faces.empty()) model.exactGeometry = std::make_shared<CadInterfaceData>(cad_, index);
         if (part.appearance) {
@@ -127,38 +127,48 @@ private:
             model.facetSets.push_back(std::move(set));
         }
         for (const std::string& layerName : part.layerNames) {
-            addToLayer(model, nvx::utf8ToWide(layerName), layerStatusOf(layerName), solid.id);
+            addToLayer(model, platform::utf8ToWide(layerName), layerStatusOf(layerName), solid.id);
         }
         return &session_.addModel(std::move(model));
     }
 
+    // A colour or material that the file sets on an occurrence is what the
+    // assembly shows on that occurrence's surfaces; its image lies as colour.
+    static void showOnOccurrence(Feature& feature, const cad::CadAppearance& appearance) {
+        feature.shownAppearance = appearancePropsOf(appearance);
+        feature.shownTexture = texturePropsOf(appearance);
+        if (feature.shownTexture)
+            feature.shownPlacements.push_back(ProTextureplacement{PRO_TEXTURE_TYPE_COLOR, {1, 1}, {0, 0}, 0});
+    }
+
     Model* buildAssembly(int index) {
         const cad::CadAssembly& assembly = cad_->assemblies.at(static_cast<size_t>(index));
-        Model model = baseModel(assembly.name, modelTypeAssembly, {cad::NodeKind::assembly, index});
+        Model model = baseModel(assembly.name, PRO_MDL_ASSEMBLY, {cad::NodeKind::assembly, index});
         for (const cad::CadComponent& component : assembly.components) {
             Feature feature;
             feature.id = component.id;
-            feature.type = featureTypeComponent;
-            feature.status = featureStatusActive;
+            feature.type = PRO_FEAT_TYPE_COMPONENT;
+            feature.status = PRO_FEAT_ACTIVE;
             feature.component = build(component.target);
             feature.placement = toHostMatrix(component.placement);
+            if (component.appearance) showOnOccurrence(feature, *component.appearance);
             model.features.push_back(feature);
             bool onHiddenLayer = false;
             for (const std::string& layerName : component.layerNames) {
                 const int status = layerStatusOf(layerName);
-                onHiddenLayer = onHiddenLayer || status == layerBlank;
-                addToLayer(model, nvx::utf8ToWide(layerName), status, component.id);
+                onHiddenLayer = onHiddenLayer || status == PRO_LAYER_BLANK;
+                addToLayer(model, platform::utf8ToWide(layerName), status, component.id);
             }
-            if (component.blanked && !onHiddenLayer) addToLayer(model, blankedLayerName, layerBlank, component.id);
+            if (component.blanked && !onHiddenLayer) addToLayer(model, blankedLayerName, PRO_LAYER_BLANK, component.id);
         }
         return &session_.addModel(std::move(model));
     }
 
     int layerStatusOf(const std::string& name) const {
         for (const cad::CadLayer& layer : cad_->layers) {
-            if (layer.name == name) return layer.visible ? layerNormal : layerBlank;
+            if (layer.name == name) return layer.visible ? PRO_LAYER_NORMAL : PRO_LAYER_BLANK;
         }
-        return layerNormal;
+        return PRO_LAYER_NORMAL;
     }
 
     static void addToLayer(Model& model, const std::u16string& name, int status, int featureId) {
@@ -172,7 +182,7 @@ private:
             model.layers.push_back(std::move(added));
             layer = model.layers.end() - 1;
         }
-        layer->items.push_back({layerItemFeature, featureId});
+        layer->items.push_back({PRO_LAYER_ITEM_FEATURE, featureId});
     }
 
     Session& session_;

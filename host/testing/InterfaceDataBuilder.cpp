@@ -31,7 +31,7 @@ std::array<int, 4> squareEdgeIds(int surfaceId) {
 
 EdgeContour squareContour(int surfaceId) {
     const auto ids = squareEdgeIds(surfaceId);
-    return {contourOuter, {ids.begin(), ids.end()}};
+    return {PRO_CONTOUR_TRAV_EXTERNAL, {ids.begin(), ids.end()}};
 }
 
 void InterfaceDataBuilder::addSquareEdges(int surfaceId) {
@@ -40,7 +40,7 @@ void InterfaceDataBuilder::addSquareEdges(int surfaceId) {
     for (size_t k = 0; k < 4; ++k) {
         ExactEdge edge;
         edge.id = ids[k];
-        edge.sides[0] = {surfaceId, 0, curveTypeBspline, lineIn(corners[k], corners[(k + 1) % 4])};
+        edge.sides[0] = {surfaceId, 0, PRO_ENT_B_SPLINE, lineIn(corners[k], corners[(k + 1) % 4])};
         addEdge(std::move(edge));
     }
 }

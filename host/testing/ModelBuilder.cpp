@@ -82,8 +82,8 @@ TextureProps texture(std::string_view colour, std::string_view decal, std::strin
 Model part(std::u16string name, int squares) {
     Model model;
     model.name = std::move(name);
-    model.type = modelTypePart;
-    model.features.push_back(Feature{.id = bodyFeatureId, .type = featureTypeSolid});
+    model.type = PRO_MDL_PART;
+    model.features.push_back(Feature{.id = bodyFeatureId, .type = PRO_FEAT_TYPE_SOLID});
     for (int index = 0; index < squares; ++index) addSquare(model, {double(index), 0.0, 0.0});
     return model;
 }
@@ -91,7 +91,7 @@ Model part(std::u16string name, int squares) {
 Model assembly(std::u16string name) {
     Model model;
     model.name = std::move(name);
-    model.type = modelTypeAssembly;
+    model.type = PRO_MDL_ASSEMBLY;
     return model;
 }
 
@@ -100,7 +100,7 @@ Surface& addSquare(Model& model, Point3 corner, int featureId) {
 }
 
 Quilt& addQuilt(Model& model, int squares) {
-    Feature& owner = model.features.emplace_back(Feature{.id = nextFeatureId(model), .type = featureTypeSolid});
+    Feature& owner = model.features.emplace_back(Feature{.id = nextFeatureId(model), .type = PRO_FEAT_TYPE_SOLID});
     Quilt quilt;
     quilt.id = static_cast<int>(model.quilts.size()) + 1;
     quilt.featureId = owner.id;
@@ -143,7 +143,7 @@ ProSimprepitem representationItem(const std::vector<int>& path, int actionType) 
 
 Feature& addComponent(Model& assembly, Model* component, int featureId, const Matrix& placement) {
     return assembly.features.emplace_back(
-        Feature{.id = featureId, .type = featureTypeComponent, .component = component, .placement = placement});
+        Feature{.id = featureId, .type = PRO_FEAT_TYPE_COMPONENT, .component = component, .placement = placement});
 }
 
 Layer& addLayer(Model& model, int id, std::u16string name, int displayStatus, std::vector<LayerItemRef> items) {

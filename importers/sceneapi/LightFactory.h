@@ -31,14 +31,14 @@ public:
     explicit LightFileFactory(std::string path);
     LightFileFactory(const LightFileFactory&) = delete;
     LightFileFactory& operator=(const LightFileFactory&) = delete;
-    // Closes the scene; a failed close throws from here and ends the process.
+    // Closes the scene if no one did; a failure to close is not raised here.
     ~LightFileFactory() override;
 
     nvxScene_api* scene() override;
     // Writes the four header lines of a scene file.
     void begin(nvxSceneapi_oo& layer) override;
-    // Destroys the writer and closes the file. Runs once, from the destructor:
-    // the stream is closed but not forgotten.
+    // Destroys the writer and closes the file; a second call does nothing.
+    // Throws std::runtime_error when the file can't be closed (a full disk).
     void close() override;
 
 private:

@@ -1,11 +1,12 @@
 #include <cstdio>
 #include <stdexcept>
+#include <utility>
 
 #include "importers/sceneapi/LightFactory.h"
-#include "importers/sceneapi/Utf8.h"
 #include "importers/sceneapi/nvxScene_api_file.h"
 #include "importers/sceneapi/nvxSceneapi_oo.h"
 #include "platform/Files.h"
+#include "platform/Utf8.h"
 
 namespace nvx {
 
@@ -24,7 +25,7 @@ LightFileFactory::LightFileFactory(std::string path) {
     if (path == "-") {
         file = platform::takeStandardOutput();
     } else {
-        file = platform::openFile(utf8ToWide(path), utf8ToWide("wb+"));
+        file = platform::openFile(platform::utf8ToWide(path), u"wb+");
     }
     if (!file) {
         std::perror("opening file");
@@ -33,7 +34,14 @@ LightFileFactory::LightFileFactory(std::string path) {
     file_scene = new nvxScene_api_file(file, true);
 }
 
-LightFileFactory::~LightFileFactory() { close(); }
+LightFileFactory::~LightFileFactory() {
+    try {
+        close();
+    } catch (const std::exception&) {
+        // Only a factory that no one closed gets here with a file open: its
+        // run is ending by another failure, which is the one reported.
+    }
+}
 
 nvxScene_api* LightFileFactory::scene() { return file_scene; }
 
@@ -48,7 +56,8 @@ void LightFileFactory::begin(nvxSceneapi_oo& layer) {
 void LightFileFactory::close() {
     delete file_scene;
     file_scene = nullptr;
-    if (file && std::fclose(file) != 0) {
+    FILE* closing = std::exchange(file, nullptr);
+    if (closing && std::fclose(closing) != 0) {
         std::perror("closing file");
         throw std::runtime_error("could not close file");
     }

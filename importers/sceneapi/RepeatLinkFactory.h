@@ -1,12 +1,17 @@
 #pragma once
 // The live road: a factory whose scene is the scene object of a running
 // renderer, reached through the renderer's run-time library. It connects
-// lazily, at the first call of scene(), and never throws; a failure leaves
-// scene() null and the reason in `error`.
+// lazily, at the first call of scene(): it picks a running renderer that shows
+// the wanted scene or an empty one, else launches one and waits for it, then
+// connects the library's scene object to it. It never throws. A failure puts
+// the reason in `error`; scene() is then null, except when the library loaded
+// but no renderer could be queried or launched: the unconnected scene object
+// is answered all the same.
 #include <cstdint>
 #include <string>
 
 #include "importers/sceneapi/LightFactory.h"
+#include "importers/sceneapi/LiveInstances.h"
 
 namespace nvx {
 
@@ -41,6 +46,12 @@ public:
     std::uint8_t fresh_instance = 0;
     // Why the last connection failed.
     std::string error;
+
+private:
+    bool connect();
+    // Lists the running renderers and picks one, noting whether it is fresh.
+    RunningInstance poll(nvxLiveQuery& query);
+    bool connect_to(int picked_port);
 };
 
 }  // namespace nvx

@@ -16,6 +16,7 @@
 #include "importers/sceneapi/GrowingStack.h"
 #include "importers/sceneapi/ShaderHandle.h"
 #include "importers/sceneapi/nvxScene_api.h"
+#include "platform/Compiler.h"
 
 class nvxScene_api_file : public nvxScene_api {
 public:
@@ -88,7 +89,7 @@ public:
     int reserved_count_b() override;
     int reserved_count_c() override;
     void declare_attribute(const char* type, const char* name) override;
-    __attribute__((format(printf, 2, 3))) void write_text(const char* format, ...) override;
+    VANTREL_PRINTF_FORMAT(2, 3) void write_text(const char* format, ...) override;
     void set_mode(int flags) override;
     void set_version(unsigned version) override;
     void reserved_notify_a() override;
@@ -109,9 +110,9 @@ private:
 
     // Writing primitives (nvxSceneFileOutput.cpp). All do nothing without a
     // stream; while capturing, their text goes into current_handle.
-    __attribute__((format(printf, 2, 3))) void indented(const char* format, ...);
+    VANTREL_PRINTF_FORMAT(2, 3) void indented(const char* format, ...);
     void indentedv(const char* format, va_list arguments);
-    __attribute__((format(printf, 2, 3))) void plain(const char* format, ...);
+    VANTREL_PRINTF_FORMAT(2, 3) void plain(const char* format, ...);
     void plainv(const char* format, va_list arguments);
     void raw(const void* bytes, std::size_t size);
     void deliver(const char* text, std::size_t size);

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <climits>
+#include <cstdlib>
 
 #include "platform/CodePage.h"
 
@@ -23,6 +24,11 @@ std::u16string executableDirectory() {
     size_t slash = path.rfind('/');
     if (slash == std::string::npos) return {};
     return systemToWide(path.substr(0, slash == 0 ? 1 : slash));
+}
+
+std::u16string temporaryFolder() {
+    const char* folder = std::getenv("TMPDIR");
+    return systemToWide(folder && *folder ? folder : "/tmp");
 }
 
 }  // namespace platform

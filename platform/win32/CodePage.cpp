@@ -32,4 +32,6 @@ std::u16string systemToWide(std::string_view text) {
     return out;
 }
 
+std::string systemCodePageName() { return "windows-" + std::to_string(GetACP()); }
+
 }  // namespace platform

@@ -1,37 +1,20 @@
 // Windows implementation: this file may contain only Windows code.
-#include "platform/DynamicLibrary.h"
-
 #include <windows.h>
 
-#include <utility>
+#include "platform/DynamicLibraryNative.h"
 
-namespace platform {
+namespace platform::native {
 
-DynamicLibrary::DynamicLibrary(DynamicLibrary&& other) noexcept
-    : handle_(std::exchange(other.handle_, nullptr)) {}
-
-DynamicLibrary& DynamicLibrary::operator=(DynamicLibrary&& other) noexcept {
-    if (this != &other) {
-        close();
-        handle_ = std::exchange(other.handle_, nullptr);
-    }
-    return *this;
-}
-
-DynamicLibrary::~DynamicLibrary() { close(); }
-
-DynamicLibrary DynamicLibrary::open(const std::u16string& path, std::string& error) {
+void* loadLibrary(const std::u16string& path, std::string& error) {
     HMODULE module = LoadLibraryW(reinterpret_cast<const wchar_t*>(path.c_str()));
     if (!module) error = "LoadLibraryW failed with error " + std::to_string(GetLastError());
-    return DynamicLibrary(module);
+    return module;
 }
 
-void* DynamicLibrary::symbol(const char* name) const {
-    return handle_ ? reinterpret_cast<void*>(GetProcAddress(static_cast<HMODULE>(handle_), name)) : nullptr;
+void* findSymbol(void* handle, const char* name) {
+    return reinterpret_cast<void*>(GetProcAddress(static_cast<HMODULE>(handle), name));
 }
 
-void DynamicLibrary::close() {
-    if (handle_) FreeLibrary(static_cast<HMODULE>(std::exchange(handle_, nullptr)));
-}
+void freeLibrary(void* handle) { FreeLibrary(static_cast<HMODULE>(handle)); }
 
-}  // namespace platform
+}  // namespace platform::native

@@ -20,4 +20,11 @@ std::u16string executableDirectory() {
     return path.substr(0, separator);
 }
 
+std::u16string temporaryFolder() {
+    wchar_t buffer[MAX_PATH];
+    DWORD length = GetTempPathW(MAX_PATH, buffer);
+    if (length == 0 || length > MAX_PATH) return {};
+    return std::u16string(reinterpret_cast<const char16_t*>(buffer), length);
+}
+
 }  // namespace platform

@@ -139,7 +139,7 @@ TEST(TrimBuffers, FlattenContoursWithWeightedPointsAndKnotRanges) {
     ScratchArrays buffers;
     buffers.meshVertices = {1, 2, 3};
     buffers.edgeKnots = {99};
-    clearTrimBuffers(buffers);
+    buffers.clearTrim();
     EXPECT_TRUE(buffers.edgeKnots.empty());
     EXPECT_EQ(buffers.meshVertices.size(), 3u) << "the mesh buffers are left alone";
 

@@ -4,6 +4,7 @@
 
 #include <cmath>
 
+#include "export/AssemblyAppearance.h"
 #include "export/MaterialEmission.h"
 #include "export/MatrixMath.h"
 #include "export/Tessellation.h"
@@ -73,6 +74,26 @@ TEST(MaterialColour, ComponentsAndKeys) {
     EXPECT_EQ(materialKey(true, "BRACKET", "Steel", 128, 128, 128), "bracket:steel:128:128:128");
     EXPECT_EQ(materialKey(false, "BRACKET", "Steel", 128, 128, 128), "steel:128:128:128");
     EXPECT_EQ(materialKey(false, "P", "", 1, 2, 3), ":1:2:3");
+}
+
+// The visible textures, in order: a path counts if it holds an image
+// extension exactly as written, and then replaces the texture found before.
+TEST(VisibleTextures, AnImagePathReplacesTheTextureExactlyAsWritten) {
+    struct Case {
+        const char16_t* path;
+        const char16_t* texture;  // after this path, starting from "before.png"
+    };
+    const Case cases[] = {
+        {u"maps/wood.jpg", u"maps/wood.jpg"},  {u"maps/WOOD.JPG", u"before.png"}, {u"maps/wood.jpeg", u"before.png"},
+        {u"maps/wood.tiff", u"maps/wood.tiff"}, {u"c:\\maps\\w.bmp", u"c:\\maps\\w.bmp"}, {u"", u"before.png"},
+        {u"maps/wood.gif.txt", u"maps/wood.gif.txt"}, {u"plain.png", u"plain.png"},
+    };
+    for (const Case& c : cases) {
+        MaterialRecord record;
+        record.texture = u"before.png";
+        takeVisibleTexture(c.path, record);
+        EXPECT_EQ(record.texture, c.texture);
+    }
 }
 
 TEST(Units, MeterScaleByExactUnitName) {

@@ -13,7 +13,6 @@ namespace {
 using namespace host::fixtures;
 using scenereader::Block;
 
-constexpr int assemblyMode = 5;
 
 // A group of the tree as a line: its name, "*" for the assembly flags, and
 // the count of objects directly or through inner material groups.
@@ -67,9 +66,9 @@ TEST(AssemblyExport, TreeOfGroupsWithRelativeTransformsAndTheLeftOutSubtrees) {
     host::Model& shield = session.addModel(part(u"shield", 1));
     host::Model& wheel = session.addModel(assembly(u"wheel"));
     addComponent(wheel, &hub, 31, rotationZ(90));
-    addComponent(wheel, &nut, 32).status = host::featureStatusSuppressed;
+    addComponent(wheel, &nut, 32).status = PRO_FEAT_SUPPRESSED;
     host::Model& frame = session.addModel(part(u"frame", 1));
-    frame.type = host::modelTypeAssembly;  // a sub-assembly with surfaces of its own
+    frame.type = PRO_MDL_ASSEMBLY;  // a sub-assembly with surfaces of its own
     addComponent(frame, &bolt, 21, translation(1, 0, 0));
     addComponent(frame, &bolt, 22, translation(2, 0, 0));
     addComponent(frame, &wheel, 23, translation(0, 5, 0));
@@ -80,9 +79,9 @@ TEST(AssemblyExport, TreeOfGroupsWithRelativeTransformsAndTheLeftOutSubtrees) {
     addComponent(rig, &cover, 12, translation(7, 0, 0)).hidden = true;
     addComponent(rig, nullptr, 13);
     addComponent(rig, &shield, 14);
-    addComponent(rig, &panel, 15).status = host::featureStatusSuppressed;
-    addLayer(rig, 1, u"HIDDEN_PARTS", host::layerBlank, {{host::layerItemFeature, 14}});
-    run.open(rig, assemblyMode);
+    addComponent(rig, &panel, 15).status = PRO_FEAT_SUPPRESSED;
+    addLayer(rig, 1, u"HIDDEN_PARTS", PRO_LAYER_BLANK, {{PRO_LAYER_ITEM_FEATURE, 14}});
+    run.open(rig, PRO_MODE_ASSEMBLY);
     run.pressExport();
 
     scenereader::Document scene = run.readScene();
@@ -115,7 +114,7 @@ std::string exportedParts(const std::function<void(host::Session&, host::Model& 
     for (const auto& [element, text] : settings) run.setSetting(element, text);
     host::Model& top = run.session.addModel(assembly(u"top"));
     build(run.session, top);
-    run.open(top, assemblyMode);
+    run.open(top, PRO_MODE_ASSEMBLY);
     run.pressExport();
     return tree(topGroup(run.readScene()));
 }
@@ -123,19 +122,19 @@ std::string exportedParts(const std::function<void(host::Session&, host::Model& 
 TEST(AssemblyExport, LayerDisplayStatuses) {
     std::string parts = exportedParts([](host::Session& session, host::Model& top) {
         const std::pair<std::u16string, int> layered[] = {
-            {u"none", host::layerNoStatus}, {u"normal", host::layerNormal}, {u"shown", host::layerDisplay},
-            {u"blank", host::layerBlank},   {u"hidden", host::layerHidden}};
+            {u"none", PRO_LAYER_NO_STATUS}, {u"normal", PRO_LAYER_NORMAL}, {u"shown", PRO_LAYER_DISPLAY},
+            {u"blank", PRO_LAYER_BLANK},   {u"hidden", PRO_LAYER_HIDDEN}};
         int id = 10;
         for (const auto& [name, status] : layered) {
             host::Model& piece = session.addModel(part(name, 1));
             addComponent(top, &piece, id);
-            addLayer(top, id, u"L" + name, status, {{host::layerItemFeature, id}});
+            addLayer(top, id, u"L" + name, status, {{PRO_LAYER_ITEM_FEATURE, id}});
             ++id;
         }
         host::Model& twice = session.addModel(part(u"twolayers", 1));
         addComponent(top, &twice, 20);
-        addLayer(top, 20, u"NORMAL", host::layerNormal, {{host::layerItemFeature, 20}});
-        addLayer(top, 21, u"BLANK", host::layerBlank, {{host::layerItemFeature, 20}});
+        addLayer(top, 20, u"NORMAL", PRO_LAYER_NORMAL, {{PRO_LAYER_ITEM_FEATURE, 20}});
+        addLayer(top, 21, u"BLANK", PRO_LAYER_BLANK, {{PRO_LAYER_ITEM_FEATURE, 20}});
         host::Model& free = session.addModel(part(u"nolayer", 1));
         addComponent(top, &free, 30);
     });
@@ -147,16 +146,16 @@ TEST(AssemblyExport, ThreadsBackupAndHiddenQuiltsStayOut) {
     ExportScenario run;
     run.setSetting("includeNURBS", "false");
     host::Model& body = run.session.addModel(part(u"body", 1));
-    host::Feature& thread = body.features.emplace_back(host::Feature{.id = 7, .type = host::featureTypeThread});
+    host::Feature& thread = body.features.emplace_back(host::Feature{.id = 7, .type = PRO_FEAT_TYPE_THREAD});
     addSquare(body, {3, 0, 0}, thread.id);                        // a thread's surface
     addQuilt(body, 1);                                            // a visible quilt
     addQuilt(body, 1).backup = true;                              // a backup copy
     addQuilt(body, 1).hidden = true;                              // hidden in the model tree
     addQuilt(body, 1);
-    body.features.back().type = host::featureTypeThread;          // the quilt's own feature is a thread
+    body.features.back().type = PRO_FEAT_TYPE_THREAD;          // the quilt's own feature is a thread
     host::Model& top = run.session.addModel(assembly(u"top"));
     addComponent(top, &body, 10);
-    run.open(top, assemblyMode);
+    run.open(top, PRO_MODE_ASSEMBLY);
     run.pressExport();
     EXPECT_EQ(run.session.tessellationRequests().size(), 2u) << "the body's square and the visible quilt only";
     EXPECT_EQ(tree(topGroup(run.readScene())), "body(1)");

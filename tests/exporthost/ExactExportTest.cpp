@@ -16,8 +16,6 @@ namespace {
 using namespace host::fixtures;
 using scenereader::Block;
 
-constexpr int partMode = 1;
-
 const Block& geometryOf(const Block& object) {
     const Block* geometry = object.child("geometry");
     if (!geometry) throw std::runtime_error("object without geometry");
@@ -40,7 +38,7 @@ double scalarOf(const Block& geometry, std::string_view name) {
 // scene back, checked by the reader unless a test leaves a contour open on
 // purpose; the host must have logged nothing and kept nothing.
 scenereader::Document exportPart(ExportScenario& run, host::Model& model, bool checked = true) {
-    run.open(model, partMode);
+    run.open(model, PRO_MODE_PART);
     run.pressExport();
     EXPECT_TRUE(run.session.errors().empty());
     EXPECT_EQ(run.session.handles().outstanding(), 0u) << "interface data, edges, quilts and curves are freed";
@@ -99,7 +97,7 @@ TEST(ExactExport, EdgesAreTurnedByTheirDirectionAndOnlyBsplinesCount) {
     exact.addSquare(101);
     host::InterfaceData& data = exact.data();
     data.edges[1].sides[0].curve = lineIn({1, 1}, {1, 0});
-    data.edges[1].sides[0].direction = host::edgeReversed;
+    data.edges[1].sides[0].direction = PRO_EDGE_DIRECTION_REVERSED;
     data.edges[3].sides[0].curveType = 17;
     plate.exactGeometry = exact.source();
     const scenereader::Document scene = exportPart(run, plate, false);
@@ -119,8 +117,8 @@ TEST(ExactExport, SplitSurfacesJoinTheVisitedSurfaceThatHoldsTheirEdges) {
     giveExactSquares(plate);
     InterfaceDataBuilder exact;
     exact.addSquare(101);
-    exact.addSurface({900, squarePatch({0, 0, 0}), {{host::contourOuter, {1012, 1013}}}});
-    exact.addSurface({901, squarePatch({0, 0, 0}), {{host::contourOuter, {7777}}}});
+    exact.addSurface({900, squarePatch({0, 0, 0}), {{PRO_CONTOUR_TRAV_EXTERNAL, {1012, 1013}}}});
+    exact.addSurface({901, squarePatch({0, 0, 0}), {{PRO_CONTOUR_TRAV_EXTERNAL, {7777}}}});
     plate.exactGeometry = exact.source();
     const scenereader::Document scene = exportPart(run, plate, false);
 

@@ -15,8 +15,6 @@ namespace {
 using namespace host::fixtures;
 using scenereader::Block;
 
-constexpr int partMode = 1;
-constexpr int assemblyMode = 5;
 
 double chordFor(double diagonal, double quality) {
     double coarse = diagonal * 0.01 * 0.05, fine = diagonal * 0.01 * 0.00001;
@@ -59,7 +57,7 @@ TEST(PartExport, SceneHoldsOptionsCamerasOneMeshPerAppearanceAndMaterials) {
     bracket.surfaces[2].appearance = appearance(u"paint", {1.0, 0.0, 0.0}, 1.0, u"Paint");
     addView(bracket, u"FRONT", host::identityMatrix());
     addView(bracket, u"TOP", rotationX(90));
-    run.open(bracket, partMode);
+    run.open(bracket, PRO_MODE_PART);
     run.pressExport();
 
     scenereader::Document scene = run.readScene();
@@ -119,7 +117,7 @@ TEST(PartExport, ChordHeightFollowsTheQualitySetting) {
         ExportScenario run;
         run.setSetting("tessellationQuality", std::to_string(quality));
         host::Model& plate = run.session.addModel(part(u"plate", 1));
-        run.open(plate, partMode);
+        run.open(plate, PRO_MODE_PART);
         run.pressExport();
         const auto& requests = run.session.tessellationRequests();
         ASSERT_EQ(requests.size(), 1u);
@@ -147,7 +145,7 @@ TEST(PartExport, RetryLadderClimbsThenDescends) {
         host::Model& plate = run.session.addModel(part(u"plate", 2));
         testSurface(plate.surfaces[0])
             .failAbove(chordFor(diagonal, 0.35));
-        run.open(plate, partMode);
+        run.open(plate, PRO_MODE_PART);
         run.pressExport();
         expectHeights(heights(run), {0.2, 0.3, 0.4, 0.2});
         EXPECT_EQ(floatsOf(geometryOf(*objectsOf(solidGroup(run.readScene())).at(0)), "vertices").size(), 24u);
@@ -160,7 +158,7 @@ TEST(PartExport, RetryLadderClimbsThenDescends) {
         host::Model& plate = run.session.addModel(part(u"plate", 2));
         testSurface(plate.surfaces[0])
             .failBelow(chordFor(diagonal, 0.85));
-        run.open(plate, partMode);
+        run.open(plate, PRO_MODE_PART);
         run.pressExport();
         std::vector<double> actual = heights(run);
         actual.pop_back();  // the second surface
@@ -175,7 +173,7 @@ TEST(PartExport, SurfacesLeftOutAndTheIndexBase) {
         host::Model& plate = run.session.addModel(part(u"plate", 2));
         testSurface(plate.surfaces[0])
             .answerNullHandle();
-        run.open(plate, partMode);
+        run.open(plate, PRO_MODE_PART);
         run.pressExport();
         EXPECT_EQ(run.session.tessellationRequests().size(), 2u);
         scenereader::Document scene = run.readScene();
@@ -195,7 +193,7 @@ TEST(PartExport, SurfacesLeftOutAndTheIndexBase) {
         looseSurface.id = 300;
         looseSurface.geometry = std::make_shared<host::TestSurface>(loose);
         plate.surfaces.insert(plate.surfaces.begin(), looseSurface);
-        run.open(plate, partMode);
+        run.open(plate, PRO_MODE_PART);
         run.pressExport();
         scenereader::Document scene = scenereader::readSceneFile(run.path("scene.vnz").string());
         const Block& mesh = geometryOf(*objectsOf(solidGroup(scene)).at(0));
@@ -222,7 +220,7 @@ TEST(PartExport, MaterialsFromSurfacePartAndDefault) {
     // An empty Name means no appearance of its own: the part's record and
     // texture stand in for it.
     crate.surfaces[2].appearance = appearance(u"", {0, 1, 0}, 1.0, u"Ignored");
-    run.open(crate, partMode);
+    run.open(crate, PRO_MODE_PART);
     run.pressExport();
 
     scenereader::Document scene = run.readScene();
@@ -253,7 +251,7 @@ TEST(PartExport, MaterialKeysWithoutThePartsName) {
     run.setSetting("separateMaterials", "false");
     host::Model& bracket = run.session.addModel(part(u"BRACKET", 1));
     bracket.surfaces[0].appearance = appearance(u"steel", {0.5, 0.5, 0.5}, 1.0, u"Steel");
-    run.open(bracket, partMode);
+    run.open(bracket, PRO_MODE_PART);
     run.pressExport();
     EXPECT_EQ(materialKeys(solidGroup(run.readScene())), std::vector<std::string>{"steel:128:128:128"});
 }
@@ -262,7 +260,7 @@ TEST(PartExport, FacetSetIsOneFlatMeshWithoutUv) {
     ExportScenario run;
     host::Model& scan = run.session.addModel(part(u"scan", 0));
     addFacetSet(scan, 2);
-    run.open(scan, partMode);
+    run.open(scan, PRO_MODE_PART);
     run.pressExport();
     scenereader::Document scene = run.readScene();
     const Block& solid = solidGroup(scene);
@@ -284,7 +282,7 @@ TEST(PartExport, MeterScaleFromTheUnitName) {
         ExportScenario run;
         host::Model& plate = run.session.addModel(part(u"plate", 1));
         plate.lengthUnit = unit;
-        run.open(plate, partMode);
+        run.open(plate, PRO_MODE_PART);
         run.pressExport();
         EXPECT_EQ(importerOption(run.readScene(), "meter_scale"), scale);
     }
@@ -297,7 +295,7 @@ TEST(PartExport, RepresentationChoice) {
         addComponent(top, &bolt, 10);
         for (int i = 0; i < representations; ++i)
             addRepresentation(top, i == 0 ? -1 : i, i == 0 ? u"Master" : u"Light", 2);
-        run.open(top, assemblyMode);
+        run.open(top, PRO_MODE_ASSEMBLY);
         return top;
     };
     for (int count : {0, 1}) {
@@ -360,7 +358,7 @@ TEST(PartExport, FileDialogOffersTheLastPathWithinItsBuffers) {
         ExportScenario run;
         run.setSetting("exportPath", exportPath);
         host::Model& wheel = run.session.addModel(part(u"wheel", 1));
-        run.open(wheel, partMode);
+        run.open(wheel, PRO_MODE_PART);
         run.pressExport();
         ASSERT_EQ(run.session.fileDialogs().size(), 1u);
         EXPECT_EQ(run.session.fileDialogs()[0].title, u"Save as vnz");
@@ -374,7 +372,7 @@ TEST(PartExport, FileDialogOffersTheLastPathWithinItsBuffers) {
 TEST(LiveRoads, RenderReportsTheMissingLinkAndUpdateStaysSilent) {
     ExportScenario run;
     host::Model& plate = run.session.addModel(part(u"plate", 1));
-    run.open(plate, partMode);
+    run.open(plate, PRO_MODE_PART);
     ::testing::internal::CaptureStdout();
     EXPECT_EQ(run.press("Vantrel Plugin Render"), 0);
     EXPECT_EQ(::testing::internal::GetCapturedStdout(), "Failed");

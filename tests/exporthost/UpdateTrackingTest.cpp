@@ -7,7 +7,8 @@
 
 #include "export/ExportDrivers.h"
 #include "export/Representations.h"
-#include "export/SolidExport.h"
+#include "export/ModelName.h"
+#include "export/RunContext.h"
 #include "export/UpdateTracking.h"
 #include "host/ActiveSession.h"
 #include "host/FunctionTable.h"
@@ -15,7 +16,7 @@
 #include "host/testing/ModelBuilder.h"
 #include "importers/sceneapi/LightFactory.h"
 #include "importers/sceneapi/nvxSceneapi_oo.h"
-#include "plugin/VantrelPlugin.h"
+#include "plugin/core/VantrelPlugin.h"
 #include "scenereader/SceneReader.h"
 #include "toolkit/Startup.h"
 
@@ -25,8 +26,6 @@ namespace fs = std::filesystem;
 using namespace host::fixtures;
 using scenereader::Block;
 
-constexpr int partMode = 1;
-constexpr int assemblyMode = 5;
 
 // The plug-in started in this process through its entry point, on a session
 // of its own, in a working directory of its own.
@@ -66,16 +65,16 @@ protected:
         addComponent(frame, bolt, 22, translation(2, 0, 0));
         addComponent(frame, &wheel, 23);
         rig = &session.addModel(part(u"rig", 1));
-        rig->type = host::modelTypeAssembly;
+        rig->type = PRO_MDL_ASSEMBLY;
         addComponent(*rig, &frame, 11);
         addComponent(*rig, &cover, 12);
         session.setCurrentModel(rig);
-        session.setMode(assemblyMode);
+        session.setMode(PRO_MODE_ASSEMBLY);
     }
 
     // One run of the traversal into a scene file, with the plug-in's state
     // as it stands: the stamps of the runs before are kept.
-    std::string run(int mode = assemblyMode) {
+    std::string run(int mode = PRO_MODE_ASSEMBLY) {
         VantrelPlugin& plugin = *VantrelPlugin::instance();
         plugin.updateRun = true;
         session.setMode(mode);
@@ -86,14 +85,14 @@ protected:
         {
             nvx::LightFileFactory factory(file.string());
             nvx::nvxSceneapi_oo layer(factory);
-            plugin.scene = &layer;
+            RunContext context(plugin, ExportRoad::Update, layer, 1.0f);
             RepresentationItems items;
             ComponentVisitData visitData;
             visitData.representationItems = &items;
             selectForUpdate(plugin, mode, visitData);
-            if (mode == assemblyMode) selectRepresentation(model, visitData);
+            if (mode == PRO_MODE_ASSEMBLY) selectRepresentation(model, visitData);
             layer.begin_group(name);
-            exportModel(plugin, model, mode, visitData, name);
+            exportModel(context, model, mode, visitData, name);
             layer.end_group();
         }
         return groupsWithGeometry(scenereader::readSceneFile(file.string()));
@@ -149,7 +148,7 @@ TEST_F(UpdateTracking, ManualModeAddsThePicks) {
 TEST_F(UpdateTracking, ManualModeOnAPartAsksForNoPicks) {
     VantrelPlugin::instance()->settings.selectionMode = 1;
     session.setCurrentModel(bolt);
-    EXPECT_EQ(run(partMode), "bolt");
+    EXPECT_EQ(run(PRO_MODE_PART), "bolt");
     EXPECT_TRUE(session.selectRequests().empty());
     EXPECT_TRUE(session.errors().empty());
 }

@@ -18,12 +18,12 @@ protected:
 
     ProModelitem surfaceItem(size_t index) {
         ProModelitem item{};
-        host::ops::ProSurfaceToGeomitem(context, handle(model), handle(model.surfaces[index]), &item);
+        host::shims::ProSurfaceToGeomitem(context, handle(model), handle(model.surfaces[index]), &item);
         return item;
     }
     ProModelitem modelItem() {
         ProModelitem item{};
-        host::ops::ProMdlToModelitem(context, handle(model), &item);
+        host::shims::ProMdlToModelitem(context, handle(model), &item);
         return item;
     }
 
@@ -34,50 +34,50 @@ protected:
 
 TEST_F(Appearances, SurfaceItemsAnswerTheirRecordOrOneWithAnEmptyName) {
     ProModelitem own = surfaceItem(0);
-    ASSERT_EQ(host::ops::ProSurfaceAppearancepropsGet(context, &own, &props), PRO_TK_NO_ERROR);
+    ASSERT_EQ(host::shims::ProSurfaceAppearancepropsGet(context, &own, &props), PRO_TK_NO_ERROR);
     EXPECT_EQ(nameOf(props), u"steel");
     EXPECT_EQ(props.diffuse, 0.8);
     EXPECT_EQ(props.color[2], 0.4);
     ProModelitem bare = surfaceItem(1);
     props.name[0] = u'x';
-    ASSERT_EQ(host::ops::ProSurfaceAppearancepropsGet(context, &bare, &props), PRO_TK_NO_ERROR);
+    ASSERT_EQ(host::shims::ProSurfaceAppearancepropsGet(context, &bare, &props), PRO_TK_NO_ERROR);
     EXPECT_EQ(nameOf(props), u"");
     // Textures: a surface without one fails.
-    EXPECT_EQ(host::ops::ProSurfaceTexturepropsGet(context, &own, &textureProps), PRO_TK_NO_ERROR);
+    EXPECT_EQ(host::shims::ProSurfaceTexturepropsGet(context, &own, &textureProps), PRO_TK_NO_ERROR);
     EXPECT_STREQ(textureProps.color, "wood.png");
-    EXPECT_NE(host::ops::ProSurfaceTexturepropsGet(context, &bare, &textureProps), PRO_TK_NO_ERROR);
+    EXPECT_NE(host::shims::ProSurfaceTexturepropsGet(context, &bare, &textureProps), PRO_TK_NO_ERROR);
     // Quilt surfaces are found through the same item.
     host::Surface& quiltSurface = addQuilt(model, 1).surfaces[0];
     quiltSurface.appearance = appearance(u"glass", {0.9, 0.9, 1.0});
-    ProModelitem inQuilt{host::itemTypeSurface, quiltSurface.id, handle(model)};
-    ASSERT_EQ(host::ops::ProSurfaceAppearancepropsGet(context, &inQuilt, &props), PRO_TK_NO_ERROR);
+    ProModelitem inQuilt{PRO_ITEM_SURFACE, quiltSurface.id, handle(model)};
+    ASSERT_EQ(host::shims::ProSurfaceAppearancepropsGet(context, &inQuilt, &props), PRO_TK_NO_ERROR);
     EXPECT_EQ(nameOf(props), u"glass");
-    ProModelitem unknown{host::itemTypeSurface, 999, handle(model)};
-    EXPECT_NE(host::ops::ProSurfaceAppearancepropsGet(context, &unknown, &props), PRO_TK_NO_ERROR);
+    ProModelitem unknown{PRO_ITEM_SURFACE, 999, handle(model)};
+    EXPECT_NE(host::shims::ProSurfaceAppearancepropsGet(context, &unknown, &props), PRO_TK_NO_ERROR);
 }
 
 TEST_F(Appearances, ModelItemsAnswerTheModelsRecordOrFail) {
     ProModelitem item = modelItem();
-    EXPECT_EQ(item.type, host::modelTypePart);
-    EXPECT_NE(host::ops::ProSurfaceAppearancepropsGet(context, &item, &props), PRO_TK_NO_ERROR);
-    EXPECT_NE(host::ops::ProSurfaceTexturepropsGet(context, &item, &textureProps), PRO_TK_NO_ERROR);
+    EXPECT_EQ(item.type, PRO_MDL_PART);
+    EXPECT_NE(host::shims::ProSurfaceAppearancepropsGet(context, &item, &props), PRO_TK_NO_ERROR);
+    EXPECT_NE(host::shims::ProSurfaceTexturepropsGet(context, &item, &textureProps), PRO_TK_NO_ERROR);
     model.appearance = appearance(u"paint", {1.0, 0.0, 0.0}, 1.0, u"Red paint");
     model.texture = texture("red.png", "decal.png");
-    ASSERT_EQ(host::ops::ProSurfaceAppearancepropsGet(context, &item, &props), PRO_TK_NO_ERROR);
+    ASSERT_EQ(host::shims::ProSurfaceAppearancepropsGet(context, &item, &props), PRO_TK_NO_ERROR);
     EXPECT_EQ(nameOf(props), u"paint");
     EXPECT_EQ(std::u16string(props.label), u"Red paint");
-    ASSERT_EQ(host::ops::ProSurfaceTexturepropsGet(context, &item, &textureProps), PRO_TK_NO_ERROR);
+    ASSERT_EQ(host::shims::ProSurfaceTexturepropsGet(context, &item, &textureProps), PRO_TK_NO_ERROR);
     EXPECT_STREQ(textureProps.decal, "decal.png");
 }
 
 TEST_F(Appearances, TheNullItemAnswersTheSessionsDefaultOrFails) {
-    EXPECT_NE(host::ops::ProSurfaceAppearancepropsGet(context, nullptr, &props), PRO_TK_NO_ERROR);
-    EXPECT_NE(host::ops::ProSurfaceTexturepropsGet(context, nullptr, &textureProps), PRO_TK_NO_ERROR);
+    EXPECT_NE(host::shims::ProSurfaceAppearancepropsGet(context, nullptr, &props), PRO_TK_NO_ERROR);
+    EXPECT_NE(host::shims::ProSurfaceTexturepropsGet(context, nullptr, &textureProps), PRO_TK_NO_ERROR);
     session().setDefaultAppearance(appearance(u"default", {0.5, 0.5, 0.5}));
     session().setDefaultTexture(texture("grid.png"));
-    ASSERT_EQ(host::ops::ProSurfaceAppearancepropsGet(context, nullptr, &props), PRO_TK_NO_ERROR);
+    ASSERT_EQ(host::shims::ProSurfaceAppearancepropsGet(context, nullptr, &props), PRO_TK_NO_ERROR);
     EXPECT_EQ(nameOf(props), u"default");
-    ASSERT_EQ(host::ops::ProSurfaceTexturepropsGet(context, nullptr, &textureProps), PRO_TK_NO_ERROR);
+    ASSERT_EQ(host::shims::ProSurfaceTexturepropsGet(context, nullptr, &textureProps), PRO_TK_NO_ERROR);
     EXPECT_STREQ(textureProps.color, "grid.png");
 }
 
@@ -93,7 +93,7 @@ protected:
         ProPath path;
         std::fill(std::begin(path), std::end(path), u'~');
         int flag = -1;
-        ProError status = host::ops::ProTexturePathGet(context, name.c_str(), 1, &flag, path);
+        ProError status = host::shims::ProTexturePathGet(context, name.c_str(), 1, &flag, path);
         return {status, path, flag};
     }
     std::u16string under(const char* relative) { return (folder.root() / relative).u16string(); }

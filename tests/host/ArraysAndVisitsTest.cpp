@@ -10,20 +10,20 @@ TEST_F(HostOperations, ArrayOperationsRefuseWhatIsNoLiveArray) {
     int elements[] = {7, 8};
     ProArray array = session().arrays().copyOf<int>(elements, "ints");
     int size = -1;
-    EXPECT_EQ(host::ops::ProArraySizeGet(context, array, &size), PRO_TK_NO_ERROR);
+    EXPECT_EQ(host::shims::ProArraySizeGet(context, array, &size), PRO_TK_NO_ERROR);
     EXPECT_EQ(size, 2);
     EXPECT_EQ(static_cast<int*>(array)[1], 8);
     EXPECT_EQ(session().arrays().outstanding("ints"), 1u);
     ProArray alias = array;
-    EXPECT_EQ(host::ops::ProArrayFree(context, &array), PRO_TK_NO_ERROR);
+    EXPECT_EQ(host::shims::ProArrayFree(context, &array), PRO_TK_NO_ERROR);
     EXPECT_EQ(array, nullptr);
-    EXPECT_EQ(host::ops::ProArrayFree(context, &alias), PRO_TK_BAD_INPUTS);
+    EXPECT_EQ(host::shims::ProArrayFree(context, &alias), PRO_TK_BAD_INPUTS);
     EXPECT_NE(alias, nullptr) << "a refused pointer is left as it was";
     size = -1;
-    EXPECT_EQ(host::ops::ProArraySizeGet(context, alias, &size), PRO_TK_BAD_INPUTS);
+    EXPECT_EQ(host::shims::ProArraySizeGet(context, alias, &size), PRO_TK_BAD_INPUTS);
     EXPECT_EQ(size, -1);
     ProArray foreign = elements;
-    EXPECT_EQ(host::ops::ProArrayFree(context, &foreign), PRO_TK_BAD_INPUTS);
+    EXPECT_EQ(host::shims::ProArrayFree(context, &foreign), PRO_TK_BAD_INPUTS);
     EXPECT_EQ(session().arrays().outstanding(), 0u);
     ASSERT_EQ(log().size(), 3u);
     EXPECT_EQ(log()[0], "ProArrayFree: the pointer is no live host array");
@@ -58,23 +58,23 @@ TEST_F(HostOperations, VisitsFilterEachItemInOrderAndStopAtAnActionsAnswer) {
     VisitLog record;
     record.skipId = 102;
     record.statusId = 103;
-    EXPECT_EQ(host::ops::ProSolidSurfaceVisit(context, handle(model), visitSurface, filterSurface, &record), 0);
+    EXPECT_EQ(host::shims::ProSolidSurfaceVisit(context, handle(model), visitSurface, filterSurface, &record), 0);
     EXPECT_EQ(record.filtered, (std::vector<int>{101, 102, 103, 104}));
     EXPECT_EQ(record.visited, (std::vector<std::pair<int, ProError>>{{101, 0}, {103, 5}, {104, 0}}));
 
     VisitLog stopping;
     stopping.stopId = 102;
-    EXPECT_EQ(host::ops::ProSolidSurfaceVisit(context, handle(model), visitSurface, nullptr, &stopping), 9);
+    EXPECT_EQ(host::shims::ProSolidSurfaceVisit(context, handle(model), visitSurface, nullptr, &stopping), 9);
     EXPECT_EQ(stopping.visited.size(), 2u);
 
     // The same rules for the surfaces of a quilt.
     host::Quilt& quilt = addQuilt(model, 2);
     VisitLog quiltRecord;
     quiltRecord.skipId = quilt.surfaces[0].id;
-    EXPECT_EQ(host::ops::ProQuiltSurfaceVisit(context, handle(quilt), visitSurface, filterSurface, &quiltRecord), 0);
+    EXPECT_EQ(host::shims::ProQuiltSurfaceVisit(context, handle(quilt), visitSurface, filterSurface, &quiltRecord), 0);
     ASSERT_EQ(quiltRecord.visited.size(), 1u);
     EXPECT_EQ(quiltRecord.visited[0].first, quilt.surfaces[1].id);
-    EXPECT_EQ(host::ops::ProSolidSurfaceVisit(context, nullptr, visitSurface, nullptr, &record), PRO_TK_BAD_INPUTS);
+    EXPECT_EQ(host::shims::ProSolidSurfaceVisit(context, nullptr, visitSurface, nullptr, &record), PRO_TK_BAD_INPUTS);
 }
 
 ProError collectFacet(ProFacet facet, ProError, ProAppData data) {
@@ -83,27 +83,27 @@ ProError collectFacet(ProFacet facet, ProError, ProAppData data) {
 }
 
 ProError visitFacetSet(ProFacetset set, ProError, ProAppData data) {
-    return host::ops::ProFacetsetFacetVisit(host::applicationContext, set, collectFacet, nullptr, data);
+    return host::shims::ProFacetsetFacetVisit(host::applicationContext, set, collectFacet, nullptr, data);
 }
 
 TEST_F(HostOperations, FacetsGiveTheirVertexHandlesInABlockThatIsFreedOnce) {
     host::Model& model = session().addModel(part(u"mesh", 0));
     addFacetSet(model, 2);
     std::vector<ProFacet> facets;
-    EXPECT_EQ(host::ops::ProSolidFacetsetVisit(context, handle(model), visitFacetSet, nullptr, &facets), 0);
+    EXPECT_EQ(host::shims::ProSolidFacetsetVisit(context, handle(model), visitFacetSet, nullptr, &facets), 0);
     ASSERT_EQ(facets.size(), 2u);
     ProFacetVertex* vertices = nullptr;
-    ASSERT_EQ(host::ops::ProFacetVerticesGet(context, facets[1], &vertices), PRO_TK_NO_ERROR);
+    ASSERT_EQ(host::shims::ProFacetVerticesGet(context, facets[1], &vertices), PRO_TK_NO_ERROR);
     Pro3dPnt point;
-    host::ops::ProFacetvertexPointGet(context, vertices[1], point);
+    host::shims::ProFacetvertexPointGet(context, vertices[1], point);
     EXPECT_EQ(point[0], 2.0);
     EXPECT_EQ(point[1], 0.0);
     ProVector normal;
-    host::ops::ProFacetNormalGet(context, facets[1], normal);
+    host::shims::ProFacetNormalGet(context, facets[1], normal);
     EXPECT_EQ(normal[2], 1.0);
     EXPECT_EQ(session().handles().outstanding(), 1u);
-    EXPECT_EQ(host::ops::ProFacetverticesFree(context, vertices), PRO_TK_NO_ERROR);
-    EXPECT_EQ(host::ops::ProFacetverticesFree(context, vertices), PRO_TK_BAD_INPUTS);
+    EXPECT_EQ(host::shims::ProFacetverticesFree(context, vertices), PRO_TK_NO_ERROR);
+    EXPECT_EQ(host::shims::ProFacetverticesFree(context, vertices), PRO_TK_BAD_INPUTS);
     EXPECT_EQ(session().handles().outstanding(), 0u);
 }
 
@@ -111,14 +111,14 @@ TEST_F(HostOperations, OutlineIsGivenComputedFromGeometryOrFails) {
     host::Model& model = session().addModel(part(u"p", 2));
     addFacetSet(model, 1).facets[0].points[2] = {0.0, 0.0, -4.0};
     Pro3dPnt outline[2];
-    ASSERT_EQ(host::ops::ProSolidOutlineGet(context, handle(model), outline), PRO_TK_NO_ERROR);
+    ASSERT_EQ(host::shims::ProSolidOutlineGet(context, handle(model), outline), PRO_TK_NO_ERROR);
     EXPECT_EQ((std::vector<double>{outline[0][0], outline[0][1], outline[0][2]}), (std::vector<double>{0, 0, -4}));
     EXPECT_EQ((std::vector<double>{outline[1][0], outline[1][1], outline[1][2]}), (std::vector<double>{2, 1, 0}));
     model.outline = std::array<host::Point3, 2>{{{-1, -2, -3}, {4, 5, 6}}};
-    host::ops::ProSolidOutlineGet(context, handle(model), outline);
+    host::shims::ProSolidOutlineGet(context, handle(model), outline);
     EXPECT_EQ(outline[1][2], 6.0);
-    model.outlineFails = true;
-    EXPECT_NE(host::ops::ProSolidOutlineGet(context, handle(model), outline), PRO_TK_NO_ERROR);
+    session().faults().add({"ProSolidOutlineGet", 3});
+    EXPECT_NE(host::shims::ProSolidOutlineGet(context, handle(model), outline), PRO_TK_NO_ERROR);
 }
 
 }  // namespace

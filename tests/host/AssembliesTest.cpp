@@ -20,16 +20,16 @@ protected:
         addComponent(sub, &inner, 20, translation(0, 5, 0));
         addComponent(top, &sub, 10, host::multiply(rotationZ(90), translation(10, 0, 0)));
         addComponent(top, nullptr, 11);
-        addComponent(top, &bolt, 12).status = host::featureStatusSuppressed;
+        addComponent(top, &bolt, 12).status = PRO_FEAT_SUPPRESSED;
     }
 
     ProError init(host::Model& owner, std::vector<int> ids, ProAsmcomppath& path) {
-        return host::ops::ProAsmcomppathInit(context, handle(owner), ids.data(), static_cast<int>(ids.size()), &path);
+        return host::shims::ProAsmcomppathInit(context, handle(owner), ids.data(), static_cast<int>(ids.size()), &path);
     }
 
     std::vector<double> transform(ProAsmcomppath& path, ProBoolean bottomUp) {
         ProMatrix matrix{};
-        EXPECT_EQ(host::ops::ProAsmcomppathTrfGet(context, &path, bottomUp, matrix), PRO_TK_NO_ERROR);
+        EXPECT_EQ(host::shims::ProAsmcomppathTrfGet(context, &path, bottomUp, matrix), PRO_TK_NO_ERROR);
         std::vector<double> numbers;
         for (auto& row : matrix) {
             for (double number : row) numbers.push_back(std::abs(number) < 1e-12 ? 0.0 : number);
@@ -50,29 +50,29 @@ ProError collectFeature(ProFeature* feature, ProError, ProAppData data) {
 
 ProError passOverUnloaded(ProFeature* feature, ProAppData) {
     ProMdl model = nullptr;
-    return host::ops::ProAsmcompMdlGet(host::applicationContext, feature, &model) == 0 ? 0 : PRO_TK_CONTINUE;
+    return host::shims::ProAsmcompMdlGet(host::applicationContext, feature, &model) == 0 ? 0 : PRO_TK_CONTINUE;
 }
 
 TEST_F(Assemblies, FeatureVisitGivesTheOwnersFeaturesWithTheirTypeStatusAndModel) {
     std::vector<ProFeature> features;
-    EXPECT_EQ(host::ops::ProSolidFeatVisit(context, handle(top), collectFeature, passOverUnloaded, &features), 0);
+    EXPECT_EQ(host::shims::ProSolidFeatVisit(context, handle(top), collectFeature, passOverUnloaded, &features), 0);
     ASSERT_EQ(features.size(), 2u);
     EXPECT_EQ(features[0].id, 10);
     EXPECT_EQ(features[1].id, 12);
-    EXPECT_EQ(features[0].type, host::itemTypeFeature);
+    EXPECT_EQ(features[0].type, PRO_ITEM_FEATURE);
     EXPECT_EQ(features[0].owner, handle(top));
     int type = 0, status = -1;
     ProMdl model = nullptr;
-    host::ops::ProFeatureTypeGet(context, &features[0], &type);
-    host::ops::ProFeatureStatusGet(context, &features[1], &status);
-    host::ops::ProAsmcompMdlGet(context, &features[0], &model);
-    EXPECT_EQ(type, host::featureTypeComponent);
-    EXPECT_EQ(status, host::featureStatusSuppressed);
+    host::shims::ProFeatureTypeGet(context, &features[0], &type);
+    host::shims::ProFeatureStatusGet(context, &features[1], &status);
+    host::shims::ProAsmcompMdlGet(context, &features[0], &model);
+    EXPECT_EQ(type, PRO_FEAT_TYPE_COMPONENT);
+    EXPECT_EQ(status, PRO_FEAT_SUPPRESSED);
     EXPECT_EQ(model, handle(sub));
-    ProFeature body{host::itemTypeFeature, bodyFeatureId, handle(bolt)};
-    EXPECT_EQ(host::ops::ProAsmcompMdlGet(context, &body, &model), PRO_TK_BAD_INPUTS) << "no component";
-    ProFeature missing{host::itemTypeFeature, 99, handle(top)};
-    EXPECT_EQ(host::ops::ProFeatureTypeGet(context, &missing, &type), PRO_TK_E_NOT_FOUND);
+    ProFeature body{PRO_ITEM_FEATURE, bodyFeatureId, handle(bolt)};
+    EXPECT_EQ(host::shims::ProAsmcompMdlGet(context, &body, &model), PRO_TK_BAD_INPUTS) << "no component";
+    ProFeature missing{PRO_ITEM_FEATURE, 99, handle(top)};
+    EXPECT_EQ(host::shims::ProFeatureTypeGet(context, &missing, &type), PRO_TK_E_NOT_FOUND);
 }
 
 TEST_F(Assemblies, PathInitChecksCountAndThatTheIdsLeadThroughComponents) {
@@ -91,7 +91,7 @@ TEST_F(Assemblies, PathInitChecksCountAndThatTheIdsLeadThroughComponents) {
     EXPECT_NE(init(top, {11, 1}, path), PRO_TK_NO_ERROR) << "through an unloaded model";
     EXPECT_NE(init(bolt, {1}, path), PRO_TK_NO_ERROR) << "the body is no component";
     const int ids[] = {10};
-    EXPECT_NE(host::ops::ProAsmcomppathInit(context, handle(top), ids, -1, &path), PRO_TK_NO_ERROR);
+    EXPECT_NE(host::shims::ProAsmcomppathInit(context, handle(top), ids, -1, &path), PRO_TK_NO_ERROR);
     EXPECT_NE(init(top, std::vector<int>(26, 10), path), PRO_TK_NO_ERROR);
     EXPECT_EQ(path.componentIdCount, 7) << "a failure leaves the path";
 }
@@ -116,20 +116,20 @@ TEST_F(Assemblies, TransformsComposeThePlacementsFromTheComponentUp) {
 TEST_F(Assemblies, GeometryItemsNameTheirOwningFeature) {
     host::Quilt& quilt = addQuilt(bolt, 1);
     ProGeomitem surface{}, quiltItem{};
-    host::ops::ProSurfaceToGeomitem(context, handle(bolt), handle(bolt.surfaces[0]), &surface);
-    host::ops::ProQuiltToGeomitem(context, handle(bolt), handle(quilt), &quiltItem);
-    EXPECT_EQ(surface.type, host::itemTypeSurface);
+    host::shims::ProSurfaceToGeomitem(context, handle(bolt), handle(bolt.surfaces[0]), &surface);
+    host::shims::ProQuiltToGeomitem(context, handle(bolt), handle(quilt), &quiltItem);
+    EXPECT_EQ(surface.type, PRO_ITEM_SURFACE);
     EXPECT_EQ(surface.id, firstSurfaceId);
-    EXPECT_EQ(quiltItem.type, host::itemTypeQuilt);
+    EXPECT_EQ(quiltItem.type, PRO_ITEM_QUILT);
     ProFeature feature{};
-    ASSERT_EQ(host::ops::ProGeomitemFeatureGet(context, &surface, &feature), PRO_TK_NO_ERROR);
+    ASSERT_EQ(host::shims::ProGeomitemFeatureGet(context, &surface, &feature), PRO_TK_NO_ERROR);
     EXPECT_EQ(feature.id, bodyFeatureId);
-    EXPECT_EQ(feature.type, host::itemTypeFeature);
-    ASSERT_EQ(host::ops::ProGeomitemFeatureGet(context, &quiltItem, &feature), PRO_TK_NO_ERROR);
+    EXPECT_EQ(feature.type, PRO_ITEM_FEATURE);
+    ASSERT_EQ(host::shims::ProGeomitemFeatureGet(context, &quiltItem, &feature), PRO_TK_NO_ERROR);
     EXPECT_EQ(feature.id, quilt.featureId);
     EXPECT_NE(quilt.featureId, bodyFeatureId);
     bolt.surfaces[0].featureId = 77;
-    EXPECT_NE(host::ops::ProGeomitemFeatureGet(context, &surface, &feature), PRO_TK_NO_ERROR);
+    EXPECT_NE(host::shims::ProGeomitemFeatureGet(context, &surface, &feature), PRO_TK_NO_ERROR);
 }
 
 }  // namespace

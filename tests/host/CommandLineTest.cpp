@@ -32,11 +32,13 @@ protected:
     }
 
     // The arguments are already quoted for the shell.
-    ProgramRun run(const std::string& arguments, const std::filesystem::path& program = VANTREL_HOST_PROGRAM) const {
+    ProgramRun run(const std::string& arguments, const std::filesystem::path& program = VANTREL_HOST_PROGRAM,
+                   const std::string& environment = "") const {
         std::filesystem::path out = folder.root() / "stdout.txt";
         std::filesystem::path err = folder.root() / "stderr.txt";
-        std::string command =
-            "'" + program.string() + "' " + arguments + " >'" + out.string() + "' 2>'" + err.string() + "'";
+        // The per-user working directory is below the folder unless the environment says otherwise.
+        std::string command = "XDG_CONFIG_HOME='" + (folder.root() / "config").string() + "' " + environment + "'" +
+                              program.string() + "' " + arguments + " >'" + out.string() + "' 2>'" + err.string() + "'";
         int status = std::system(command.c_str());
         return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, readFile(out), readFile(err)};
     }
@@ -99,6 +101,33 @@ TEST_F(CommandLine, ErrorsAreNamedWithANonZeroExit) {
     EXPECT_TRUE(help.out.starts_with("usage: vantrel-host [--plugin PATH] [--workdir DIR] commands\n")) << help.out;
 }
 
+// The subcommands and options come from one table each: the usage lists
+// them all, and an option is read in both spellings.
+TEST_F(CommandLine, UsageVersionAndOptionSpellingsFollowTheTables) {
+    ProgramRun bare = run("");
+    EXPECT_EQ(bare.exitCode, 0);
+    EXPECT_EQ(bare.out, run("--help").out);
+    for (const char* listed : {"\n       vantrel-host [options] export MODEL -o OUT.vnz\n",
+                               "\n       vantrel-host sample OUT.step\n", "\n  press     runs the command's",
+                               "\n  --up AXIS ", "\n  --version "}) {
+        EXPECT_NE(bare.out.find(listed), std::string::npos) << listed;
+    }
+    ProgramRun version = run("--version");
+    EXPECT_EQ(version.exitCode, 0);
+    EXPECT_TRUE(version.out.starts_with("vantrel-host ")) << version.out;
+
+    ProgramRun joined = run("--plugin='" + folder.plugin().string() + "' commands");
+    EXPECT_EQ(joined.exitCode, 0) << joined.err;
+    EXPECT_EQ(joined.out, run(withPlugin("commands")).out);
+
+    ProgramRun foreign = run(withPlugin("commands --quality 0.5"));
+    EXPECT_EQ(foreign.exitCode, 2);
+    EXPECT_NE(foreign.err.find("commands takes no option --quality"), std::string::npos) << foreign.err;
+    ProgramRun flagValue = run("--no-nurbs=1 export m.step -o o.vnz");
+    EXPECT_EQ(flagValue.exitCode, 2);
+    EXPECT_NE(flagValue.err.find("--no-nurbs takes no value"), std::string::npos) << flagValue.err;
+}
+
 class CommandLineWithoutTerminate : public CommandLine {
 protected:
     CommandLineWithoutTerminate() : CommandLine(VANTREL_TEST_PLUGIN_NO_TERMINATE) {}
@@ -125,9 +154,27 @@ TEST_F(CommandLineBesideThePlugin, LoadsItByDefaultInTheGivenWorkingDirectory) {
     EXPECT_EQ(listing.exitCode, 0) << listing.err;
     EXPECT_NE(listing.out.find("  icon:  from_settings.png (file not found)\n"), std::string::npos) << listing.out;
 
-    ProgramRun badDirectory = run("--workdir /nonexistent/dir commands", program);
+    // A working directory that doesn't exist is made; one that can't be made is named.
+    const std::filesystem::path made = folder.root() / "new" / "work";
+    ProgramRun fresh = run("--workdir '" + made.string() + "' commands", program);
+    EXPECT_EQ(fresh.exitCode, 0) << fresh.err;
+    EXPECT_TRUE(std::filesystem::is_directory(made));
+    folder.write("plain.txt", "");
+    const std::string impossible = (folder.root() / "plain.txt" / "dir").string();
+    ProgramRun badDirectory = run("--workdir '" + impossible + "' commands", program);
     EXPECT_EQ(badDirectory.exitCode, 1);
-    EXPECT_NE(badDirectory.err.find("can't change to the working directory \"/nonexistent/dir\""), std::string::npos);
+    EXPECT_NE(badDirectory.err.find("can't create the working directory \"" + impossible + "\""), std::string::npos)
+        << badDirectory.err;
+
+    // By default the per-user directory, and a settings file there that isn't XML is named.
+    folder.write("config/vantrel-host/vantrel_plugin_settings.xml", "<broken");
+    ProgramRun byDefault = run("commands", program, "XDG_CONFIG_HOME='" + (folder.root() / "config").string() + "' ");
+    EXPECT_EQ(byDefault.exitCode, 0) << byDefault.err;
+    EXPECT_NE(byDefault.err.find("warning: the settings file " +
+                                 (folder.root() / "config/vantrel-host/vantrel_plugin_settings.xml").string() +
+                                 " is not sound XML"),
+              std::string::npos)
+        << byDefault.err;
 }
 
 }  // namespace

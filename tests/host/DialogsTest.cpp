@@ -16,7 +16,7 @@ void clickAction(char* dialog, char* button, ProAppData data) {
     auto& clicks = *static_cast<Clicks*>(data);
     clicks.buttons.push_back(button);
     if (clicks.buttons.size() == clicks.exitOnClick) {
-        host::ops::ProUIDialogExit(host::applicationContext, dialog, clicks.exitWith);
+        host::shims::ProUIDialogExit(host::applicationContext, dialog, clicks.exitWith);
     }
 }
 
@@ -29,17 +29,17 @@ protected:
                      "vantrelPluginExportFinishedLabel\nExport finished.\n#\n#\nvantrelPluginOK\nOK\n#\n#\n");
         session().texts().setRoot(folder.root(), "usascii");
         ProUIGridopts grid{0, 0, 1, 1, 1, 1, 1, 1, 1, 1, -1, -1, -1, -1};
-        ASSERT_EQ(host::ops::ProUIDialogCreate(context, "ExportFinished", nullptr), PRO_TK_NO_ERROR);
-        ASSERT_EQ(host::ops::ProUIDialogLabelAdd(context, "ExportFinished", "ExportFinishedLabel", &grid), 0);
+        ASSERT_EQ(host::shims::ProUIDialogCreate(context, "ExportFinished", nullptr), PRO_TK_NO_ERROR);
+        ASSERT_EQ(host::shims::ProUIDialogLabelAdd(context, "ExportFinished", "ExportFinishedLabel", &grid), 0);
         grid.row = 1;
-        ASSERT_EQ(host::ops::ProUIDialogPushbuttonAdd(context, "ExportFinished", "ExportOk", &grid), 0);
+        ASSERT_EQ(host::shims::ProUIDialogPushbuttonAdd(context, "ExportFinished", "ExportOk", &grid), 0);
         ProLine text;
-        host::ops::ProMessageToBuffer(context, text, u"vantrel_plugin_msg", "vantrelPluginExportFinishedLabel");
-        ASSERT_EQ(host::ops::ProUILabelTextSet(context, "ExportFinished", "ExportFinishedLabel", text), 0);
-        host::ops::ProMessageToBuffer(context, text, u"vantrel_plugin_msg.txt", "vantrelPluginOK");
-        ASSERT_EQ(host::ops::ProUIPushbuttonTextSet(context, "ExportFinished", "ExportOk", text), 0);
+        host::shims::ProMessageToBuffer(context, text, u"vantrel_plugin_msg", "vantrelPluginExportFinishedLabel");
+        ASSERT_EQ(host::shims::ProUILabelTextSet(context, "ExportFinished", "ExportFinishedLabel", text), 0);
+        host::shims::ProMessageToBuffer(context, text, u"vantrel_plugin_msg.txt", "vantrelPluginOK");
+        ASSERT_EQ(host::shims::ProUIPushbuttonTextSet(context, "ExportFinished", "ExportOk", text), 0);
         ASSERT_EQ(
-            host::ops::ProUIPushbuttonActivateActionSet(context, "ExportFinished", "ExportOk", clickAction, &clicks),
+            host::shims::ProUIPushbuttonActivateActionSet(context, "ExportFinished", "ExportOk", clickAction, &clicks),
             0);
     }
 
@@ -52,10 +52,10 @@ TEST_F(Dialogs, AScriptedPressRunsTheButtonsActionAndEndsTheActivation) {
     session().script().pressButton("ExportFinished", "ExportOk");
     clicks.exitWith = 7;
     int status = -1;
-    EXPECT_EQ(host::ops::ProUIDialogActivate(context, "ExportFinished", &status), PRO_TK_NO_ERROR);
+    EXPECT_EQ(host::shims::ProUIDialogActivate(context, "ExportFinished", &status), PRO_TK_NO_ERROR);
     EXPECT_EQ(status, 7);
     EXPECT_EQ(clicks.buttons, (std::vector<std::string>{"ExportOk"}));
-    EXPECT_EQ(host::ops::ProUIDialogDestroy(context, "ExportFinished"), PRO_TK_NO_ERROR);
+    EXPECT_EQ(host::shims::ProUIDialogDestroy(context, "ExportFinished"), PRO_TK_NO_ERROR);
     EXPECT_EQ(session().dialogs().open(), 0u);
     EXPECT_TRUE(log().empty()) << log().front();
 
@@ -66,8 +66,8 @@ TEST_F(Dialogs, AScriptedPressRunsTheButtonsActionAndEndsTheActivation) {
     ASSERT_NE(shown.find("ExportFinishedLabel"), nullptr);
     EXPECT_EQ(shown.find("ExportFinishedLabel")->text, u"Export finished.");
     EXPECT_EQ(shown.find("ExportOk")->text, u"OK");
-    EXPECT_EQ(shown.find("ExportOk")->row, 1);
-    EXPECT_EQ(shown.presses, (std::vector<std::string>{"ExportOk"}));
+    EXPECT_EQ(shown.find("ExportOk")->grid.row, 1);
+    EXPECT_EQ(shown.steps, (std::vector<std::string>{"press ExportOk"}));
     EXPECT_EQ(shown.exitStatus, 7);
 }
 
@@ -75,13 +75,13 @@ TEST_F(Dialogs, PressesGoOnUntilAnActionExits) {
     buildFinishDialog();
     for (int press = 0; press < 4; ++press) session().script().pressButton("ExportFinished", "ExportOk");
     clicks.exitOnClick = 2;
-    EXPECT_EQ(host::ops::ProUIDialogActivate(context, "ExportFinished", nullptr), PRO_TK_NO_ERROR);
+    EXPECT_EQ(host::shims::ProUIDialogActivate(context, "ExportFinished", nullptr), PRO_TK_NO_ERROR);
     EXPECT_EQ(clicks.buttons.size(), 2u);
-    EXPECT_EQ(session().dialogs().history()[0].presses.size(), 2u);
+    EXPECT_EQ(session().dialogs().history()[0].steps.size(), 2u);
     // With the script's presses spent before an action ends it, the activation fails.
     clicks.buttons.clear();
     clicks.exitOnClick = 3;
-    EXPECT_NE(host::ops::ProUIDialogActivate(context, "ExportFinished", nullptr), PRO_TK_NO_ERROR);
+    EXPECT_NE(host::shims::ProUIDialogActivate(context, "ExportFinished", nullptr), PRO_TK_NO_ERROR);
     EXPECT_EQ(clicks.buttons.size(), 2u);
     EXPECT_EQ(log().size(), 1u);
 }
@@ -89,14 +89,14 @@ TEST_F(Dialogs, PressesGoOnUntilAnActionExits) {
 TEST_F(Dialogs, AnUnscriptedDialogOrAPressOfNoButtonIsReportedAndRunsNothing) {
     buildFinishDialog();
     int status = 5;
-    EXPECT_NE(host::ops::ProUIDialogActivate(context, "ExportFinished", &status), PRO_TK_NO_ERROR);
+    EXPECT_NE(host::shims::ProUIDialogActivate(context, "ExportFinished", &status), PRO_TK_NO_ERROR);
     EXPECT_EQ(status, 5);
     session().script().pressButton("ExportFinished", "Cancel");
-    EXPECT_NE(host::ops::ProUIDialogActivate(context, "ExportFinished", &status), PRO_TK_NO_ERROR);
+    EXPECT_NE(host::shims::ProUIDialogActivate(context, "ExportFinished", &status), PRO_TK_NO_ERROR);
     EXPECT_TRUE(clicks.buttons.empty());
     ASSERT_EQ(log().size(), 2u);
     EXPECT_EQ(log()[0],
-              "the plug-in asked for a button press in a dialog (\"ExportFinished\") but the script has "
+              "the plug-in asked for a step of the user in a dialog (\"ExportFinished\") but the script has "
               "no answer for it");
     EXPECT_EQ(log()[1],
               "ProUIDialogActivate: the script pressed \"Cancel\" in dialog \"ExportFinished\", which has "
@@ -110,16 +110,35 @@ TEST_F(Dialogs, AnUnscriptedDialogOrAPressOfNoButtonIsReportedAndRunsNothing) {
 
 TEST_F(Dialogs, ComponentsAndDialogsMustExist) {
     ProUIGridopts grid{};
-    EXPECT_NE(host::ops::ProUIDialogLabelAdd(context, "Nowhere", "Label", &grid), PRO_TK_NO_ERROR);
-    host::ops::ProUIDialogCreate(context, "D", "");
-    EXPECT_NE(host::ops::ProUIDialogCreate(context, "D", ""), PRO_TK_NO_ERROR);
-    host::ops::ProUIDialogLabelAdd(context, "D", "Label", &grid);
-    EXPECT_NE(host::ops::ProUIDialogPushbuttonAdd(context, "D", "Label", &grid), PRO_TK_NO_ERROR);
-    EXPECT_NE(host::ops::ProUIPushbuttonTextSet(context, "D", "Label", u"x"), PRO_TK_NO_ERROR) << "no push button";
-    EXPECT_NE(host::ops::ProUIDialogExit(context, "D", 0), PRO_TK_NO_ERROR) << "not active";
-    EXPECT_NE(host::ops::ProUIDialogDestroy(context, "Nowhere"), PRO_TK_NO_ERROR);
-    EXPECT_EQ(log().size(), 6u);
-    EXPECT_EQ(log()[3], "ProUIPushbuttonTextSet: dialog \"D\" has no push button \"Label\"");
+    EXPECT_NE(host::shims::ProUIDialogLabelAdd(context, "Nowhere", "Label", &grid), PRO_TK_NO_ERROR);
+    host::shims::ProUIDialogCreate(context, "D", "");
+    EXPECT_NE(host::shims::ProUIDialogCreate(context, "D", ""), PRO_TK_NO_ERROR);
+    host::shims::ProUIDialogLabelAdd(context, "D", "Label", &grid);
+    EXPECT_NE(host::shims::ProUIDialogPushbuttonAdd(context, "D", "Label", &grid), PRO_TK_NO_ERROR);
+    EXPECT_NE(host::shims::ProUIPushbuttonTextSet(context, "D", "Label", u"x"), PRO_TK_NO_ERROR) << "no push button";
+    EXPECT_NE(host::shims::ProUIDialogExit(context, "D", 0), PRO_TK_NO_ERROR) << "not active";
+    EXPECT_NE(host::shims::ProUIDialogDestroy(context, "Nowhere"), PRO_TK_NO_ERROR);
+    EXPECT_EQ(log().size(), 5u);
+    // A component that isn't there, or is of another kind, is an answer the
+    // real host gives too: an error status, kept apart from the plug-in's faults.
+    double value = 9.0;
+    int position = 9, count = 9;
+    ProBoolean state = 9;
+    char** names = nullptr;
+    ProWchar* text = nullptr;
+    EXPECT_EQ(host::shims::ProUISpinboxDoubleGet(context, "D", "Label", &value), PRO_TK_E_NOT_FOUND);
+    EXPECT_EQ(host::shims::ProUISliderIntegerGet(context, "D", "none", &position), PRO_TK_E_NOT_FOUND);
+    EXPECT_EQ(host::shims::ProUICheckbuttonGetState(context, "D", "none", &state), PRO_TK_E_NOT_FOUND);
+    EXPECT_EQ(host::shims::ProUIRadiogroupSelectednamesGet(context, "D", "none", &count, &names), PRO_TK_E_NOT_FOUND);
+    EXPECT_EQ(host::shims::ProUIInputpanelWidestringGet(context, "Nowhere", "none", &text), PRO_TK_E_NOT_FOUND);
+    EXPECT_EQ(host::shims::ProUISliderIntegerSet(context, "D", nullptr, 1), PRO_TK_BAD_INPUTS);
+    EXPECT_EQ(std::make_tuple(value, position, count, state, names, text),
+              std::make_tuple(9.0, 9, 9, 9, nullptr, nullptr)) << "outputs untouched";
+    const auto& refusals = session().dialogs().refusals();
+    ASSERT_EQ(refusals.size(), 5u);
+    EXPECT_EQ(refusals[0], "ProUIPushbuttonTextSet: dialog \"D\" has no push button \"Label\"");
+    EXPECT_EQ(refusals[1], "ProUISpinboxDoubleGet: dialog \"D\" has no spinbox \"Label\"");
+    EXPECT_EQ(log().size(), 6u) << "only the unknown dialog is the plug-in's fault";
 }
 
 }  // namespace

@@ -5,14 +5,14 @@
 #include <string>
 
 #include "host/FunctionTable.h"
-#include "host/ops/Operations.h"
+#include "host/OperationShims.h"
 
 namespace {
 
 TEST(FunctionTable, HoldsEachListedOperationOnceUnderItsNameSortedByBytes) {
     const std::map<std::string, void*> expected = {
 #define PRO_OPERATION(result, name, parameters, arguments, miss) \
-    {#name "_v", reinterpret_cast<void*>(&host::ops::name)},
+    {#name "_v", reinterpret_cast<void*>(&host::shims::name)},
 #include "toolkit/ProOperations.def"
 #undef PRO_OPERATION
     };

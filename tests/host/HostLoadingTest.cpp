@@ -49,7 +49,7 @@ TEST(HostLoading, StartupQuestionsAreAnsweredFromTheSession) {
 TEST(HostLoading, DisplayVersionCanFailAndUnicodeBeOff) {
     PluginFolder folder;
     host::Session session;
-    session.setDisplayVersion(std::nullopt);
+    session.faults().add({"ProEngineerDisplayversionGet"});
     session.setUnicodeEncoding(false);
     host::Host host(session, folder.plugin());
     PluginRecordReader record(folder.plugin());

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "host/ops/OperationSupport.h"
-#include "host/ops/Operations.h"
+#include "host/OperationShims.h"
 #include "host/testing/ModelBuilder.h"
 #include "host/testing/TestSession.h"
 

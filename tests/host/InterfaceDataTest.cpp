@@ -7,7 +7,7 @@
 namespace {
 
 using namespace host::fixtures;
-using namespace host::ops;
+using namespace host::shims;
 
 class InterfaceDataOperations : public HostOperations {
 protected:
@@ -92,7 +92,7 @@ TEST_F(InterfaceDataOperations, ABlockHoldsSurfacesEdgesAndQuiltsAndFreesItsArra
 }
 
 TEST_F(InterfaceDataOperations, EdgesFillThePluginsCurvesAndCopiesAreThePluginsToFree) {
-    exact.data().edges[1].sides[1] = {555, host::edgeReversed, host::curveTypeBspline, lineIn({0, 0}, {0, 2})};
+    exact.data().edges[1].sides[1] = {555, PRO_EDGE_DIRECTION_REVERSED, PRO_ENT_B_SPLINE, lineIn({0, 0}, {0, 2})};
     exact.data().edges[1].sides[1].curve->weights = {1.0, 0.5};
     model->exactGeometry = exact.source();
     ProIntfData data = filled();
@@ -107,7 +107,7 @@ TEST_F(InterfaceDataOperations, EdgesFillThePluginsCurvesAndCopiesAreThePluginsT
     EXPECT_EQ(id, 1012);
     EXPECT_EQ(surfaceIds[0], 101);
     EXPECT_EQ(surfaceIds[1], 555);
-    EXPECT_EQ(directions[1], host::edgeReversed);
+    EXPECT_EQ(directions[1], PRO_EDGE_DIRECTION_REVERSED);
     int type = 0, degree = 0, knotCount = 0, pointCount = 0;
     ProCurvedataTypeGet(context, curves[1], &type);
     EXPECT_EQ(type, PRO_ENT_B_SPLINE);

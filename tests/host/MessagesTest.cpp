@@ -4,7 +4,7 @@
 #include <array>
 
 #include "host/MessageFile.h"
-#include "host/ops/Operations.h"
+#include "host/OperationShims.h"
 #include "host/ops/OperationSupport.h"
 #include "tests/host/PluginFolder.h"
 
@@ -59,7 +59,7 @@ protected:
     ProError messageToBuffer(const char16_t* file, const char* key, std::u16string& text) {
         std::array<ProWchar, 90> buffer;
         buffer.fill(u'~');
-        ProError status = host::ops::ProMessageToBuffer(host::applicationContext, buffer.data(), file, key);
+        ProError status = host::shims::ProMessageToBuffer(host::applicationContext, buffer.data(), file, key);
         EXPECT_EQ(buffer[81], u'~') << "written past the line";
         text.assign(buffer.data(), std::find(buffer.begin(), buffer.begin() + 81, u'\0'));
         return status;
@@ -135,7 +135,7 @@ TEST_F(MessageOperations, ConfigOptionsAreFoundByExactNameAndCutToALine) {
     ProLine value;
     auto option = [&](const char* name, int context = host::applicationContext) {
         value[0] = u'\0';
-        ProError status = host::ops::ProConfigoptGet(context, name, value);
+        ProError status = host::shims::ProConfigoptGet(context, name, value);
         return std::pair<ProError, std::u16string>(status, value);
     };
     EXPECT_EQ(option("what").first, PRO_TK_NO_ERROR);
@@ -144,7 +144,7 @@ TEST_F(MessageOperations, ConfigOptionsAreFoundByExactNameAndCutToALine) {
     EXPECT_EQ(option("What").first, PRO_TK_E_NOT_FOUND);
     // A call with another context is refused.
     EXPECT_EQ(option("what", host::applicationContext + 1).first, PRO_TK_GENERAL_ERROR);
-    EXPECT_EQ(host::ops::ProMessageToBuffer(0, value, u"m.txt", "k"), PRO_TK_GENERAL_ERROR);
+    EXPECT_EQ(host::shims::ProMessageToBuffer(0, value, u"m.txt", "k"), PRO_TK_GENERAL_ERROR);
 }
 
 }  // namespace

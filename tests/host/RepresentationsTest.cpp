@@ -25,7 +25,7 @@ protected:
         host::Representation& light = addRepresentation(model, 2, u"Light", 1);
         light.items = {representationItem({10, 20}, 3), representationItem({}, 1)};
         light.items[1].componentIdCount = -1;
-        addRepresentation(model, 3, u"Broken").dataFails = true;
+        addRepresentation(model, 3, u"Broken");
     }
 
     host::Model& model;
@@ -33,13 +33,13 @@ protected:
 
 TEST_F(Representations, VisitGoesThroughAllWithOrWithoutAFilter) {
     std::vector<ProSimprep> met;
-    EXPECT_EQ(host::ops::ProSolidSimprepVisit(context, handle(model), nullptr, collectRepresentation, &met), 0);
+    EXPECT_EQ(host::shims::ProSolidSimprepVisit(context, handle(model), nullptr, collectRepresentation, &met), 0);
     ASSERT_EQ(met.size(), 3u);
     EXPECT_EQ(met[0].id, -1);
     EXPECT_EQ(met[0].owner, handle(model));
-    EXPECT_EQ(met[0].type, host::itemTypeSimprep);
+    EXPECT_EQ(met[0].type, PRO_ITEM_SIMPREP);
     met.clear();
-    host::ops::ProSolidSimprepVisit(context, handle(model), passOverSecond, collectRepresentation, &met);
+    host::shims::ProSolidSimprepVisit(context, handle(model), passOverSecond, collectRepresentation, &met);
     EXPECT_EQ(met.size(), 2u);
     EXPECT_EQ(met[1].id, 3);
 }
@@ -49,11 +49,11 @@ TEST_F(Representations, SelectFollowsTheScriptOrIsCancelled) {
     session().script().cancelRepresentation();
     session().script().chooseRepresentation(u"Heavy");
     ProSimprep chosen{};
-    EXPECT_EQ(host::ops::ProSimprepSelect(context, handle(model), &chosen), PRO_TK_NO_ERROR);
+    EXPECT_EQ(host::shims::ProSimprepSelect(context, handle(model), &chosen), PRO_TK_NO_ERROR);
     EXPECT_EQ(chosen.id, 2);
-    EXPECT_EQ(host::ops::ProSimprepSelect(context, handle(model), &chosen), PRO_TK_USER_ABORT);
-    EXPECT_EQ(host::ops::ProSimprepSelect(context, handle(model), &chosen), PRO_TK_GENERAL_ERROR);
-    EXPECT_EQ(host::ops::ProSimprepSelect(context, handle(model), &chosen), PRO_TK_GENERAL_ERROR) << "unscripted";
+    EXPECT_EQ(host::shims::ProSimprepSelect(context, handle(model), &chosen), PRO_TK_USER_ABORT);
+    EXPECT_EQ(host::shims::ProSimprepSelect(context, handle(model), &chosen), PRO_TK_GENERAL_ERROR);
+    EXPECT_EQ(host::shims::ProSimprepSelect(context, handle(model), &chosen), PRO_TK_GENERAL_ERROR) << "unscripted";
     ASSERT_EQ(log().size(), 2u);
     EXPECT_EQ(log()[0], "ProSimprepSelect: the script chose the representation \"Heavy\", which \"top\" doesn't have");
     EXPECT_EQ(log()[1],
@@ -62,12 +62,12 @@ TEST_F(Representations, SelectFollowsTheScriptOrIsCancelled) {
 }
 
 TEST_F(Representations, DataHoldsTheDefaultActionAndItemsUntilFreed) {
-    ProSimprep light{host::itemTypeSimprep, 2, handle(model)};
+    ProSimprep light{PRO_ITEM_SIMPREP, 2, handle(model)};
     ProSimprepdata* data = nullptr;
-    ASSERT_EQ(host::ops::ProSimprepdataGet(context, &light, &data), PRO_TK_NO_ERROR);
+    ASSERT_EQ(host::shims::ProSimprepdataGet(context, &light, &data), PRO_TK_NO_ERROR);
     EXPECT_EQ(data->defaultAction, 1);
     std::vector<ProSimprepitem> items;
-    EXPECT_EQ(host::ops::ProSimprepdataitemsVisit(context, data, collectItem, &items), 0);
+    EXPECT_EQ(host::shims::ProSimprepdataitemsVisit(context, data, collectItem, &items), 0);
     ASSERT_EQ(items.size(), 2u);
     EXPECT_EQ(items[0].componentIdCount, 2);
     EXPECT_EQ(items[0].componentIds[1], 20);
@@ -75,16 +75,17 @@ TEST_F(Representations, DataHoldsTheDefaultActionAndItemsUntilFreed) {
     EXPECT_EQ(items[1].componentIdCount, -1);
     EXPECT_EQ(session().arrays().outstanding("representation items"), 1u);
     ProSimprepdata* alias = data;
-    EXPECT_EQ(host::ops::ProSimprepdataFree(context, &data), PRO_TK_NO_ERROR);
+    EXPECT_EQ(host::shims::ProSimprepdataFree(context, &data), PRO_TK_NO_ERROR);
     EXPECT_EQ(data, nullptr);
     EXPECT_EQ(session().arrays().outstanding(), 0u);
-    EXPECT_EQ(host::ops::ProSimprepdataFree(context, &alias), PRO_TK_BAD_INPUTS);
-    EXPECT_EQ(host::ops::ProSimprepdataitemsVisit(context, alias, collectItem, &items), PRO_TK_BAD_INPUTS);
+    EXPECT_EQ(host::shims::ProSimprepdataFree(context, &alias), PRO_TK_BAD_INPUTS);
+    EXPECT_EQ(host::shims::ProSimprepdataitemsVisit(context, alias, collectItem, &items), PRO_TK_BAD_INPUTS);
 
-    ProSimprep broken{host::itemTypeSimprep, 3, handle(model)};
-    EXPECT_NE(host::ops::ProSimprepdataGet(context, &broken, &data), PRO_TK_NO_ERROR);
-    ProSimprep absent{host::itemTypeSimprep, 7, handle(model)};
-    EXPECT_NE(host::ops::ProSimprepdataGet(context, &absent, &data), PRO_TK_NO_ERROR);
+    ProSimprep broken{PRO_ITEM_SIMPREP, 3, handle(model)};
+    session().faults().add({"ProSimprepdataGet", 0, &broken});
+    EXPECT_NE(host::shims::ProSimprepdataGet(context, &broken, &data), PRO_TK_NO_ERROR);
+    ProSimprep absent{PRO_ITEM_SIMPREP, 7, handle(model)};
+    EXPECT_NE(host::shims::ProSimprepdataGet(context, &absent, &data), PRO_TK_NO_ERROR);
     EXPECT_EQ(session().handles().outstanding(), 0u);
 }
 

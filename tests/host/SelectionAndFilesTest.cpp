@@ -18,7 +18,7 @@ protected:
     }
 
     ProError select(ProSelection*& selections, int& count) {
-        return host::ops::ProSelect(context, "prt_or_asm", -1, nullptr, nullptr, nullptr, nullptr, &selections, &count);
+        return host::shims::ProSelect(context, "prt_or_asm", -1, nullptr, nullptr, nullptr, nullptr, &selections, &count);
     }
 
     host::Model* top = nullptr;
@@ -31,15 +31,15 @@ TEST_F(Selections, PicksBecomeSelectionsWithTheirComponentPaths) {
     ASSERT_EQ(select(selections, count), PRO_TK_NO_ERROR);
     ASSERT_EQ(count, 2);
     ProAsmcomppath path{};
-    ASSERT_EQ(host::ops::ProSelectionAsmcomppathGet(context, selections[0], &path), PRO_TK_NO_ERROR);
+    ASSERT_EQ(host::shims::ProSelectionAsmcomppathGet(context, selections[0], &path), PRO_TK_NO_ERROR);
     EXPECT_EQ(path.ownerModel, handle(*top));
     EXPECT_EQ(path.componentIdCount, 2);
     EXPECT_EQ(path.componentIds[0], 10);
     EXPECT_EQ(path.componentIds[1], 20);
-    host::ops::ProSelectionAsmcomppathGet(context, selections[1], &path);
+    host::shims::ProSelectionAsmcomppathGet(context, selections[1], &path);
     EXPECT_EQ(path.componentIdCount, 0) << "the top model itself";
     int size = 0;
-    host::ops::ProArraySizeGet(context, selections, &size);
+    host::shims::ProArraySizeGet(context, selections, &size);
     EXPECT_EQ(size, 2);
     ASSERT_EQ(session().selectRequests().size(), 1u);
     EXPECT_EQ(session().selectRequests()[0].types, "prt_or_asm");
@@ -68,7 +68,7 @@ class FileDialogs : public HostOperations {
 protected:
     ProError save(const char16_t* directory, const char16_t* name) {
         std::fill(std::begin(chosen), std::end(chosen), u'~');
-        return host::ops::ProFileSave(context, u"Save as vnz", u"*.vnz", nullptr, nullptr, directory, name, chosen);
+        return host::shims::ProFileSave(context, u"Save as vnz", u"*.vnz", nullptr, nullptr, directory, name, chosen);
     }
 
     ProPath chosen;

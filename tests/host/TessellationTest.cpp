@@ -1,4 +1,5 @@
 #include <cmath>
+#include <limits>
 #include <numbers>
 
 #include "host/geometry/ParametricSurface.h"
@@ -13,7 +14,7 @@ using host::TessellationOutcome;
 class Tessellations : public HostOperations {
 protected:
     Tessellations() : model(session().addModel(part(u"p", 3))) {
-        host::ops::ProSurfacetessellationinputAlloc(context, &input);
+        host::shims::ProSurfacetessellationinputAlloc(context, &input);
     }
 
     host::TestSurface& replaceGeometry(size_t surface, host::SurfaceMesh mesh) {
@@ -23,8 +24,8 @@ protected:
     }
 
     ProError tessellate(size_t surface, double chordHeight, ProTessellation& tessellation) {
-        host::ops::ProSurfacetessellationinputChordheightSet(context, input, chordHeight);
-        return host::ops::ProSurfaceTessellationGet(context, handle(model.surfaces[surface]), input, &tessellation);
+        host::shims::ProSurfacetessellationinputChordheightSet(context, input, chordHeight);
+        return host::shims::ProSurfaceTessellationGet(context, handle(model.surfaces[surface]), input, &tessellation);
     }
 
     host::Model& model;
@@ -39,31 +40,31 @@ TEST_F(Tessellations, ArraysAreNewHostArraysCopiedFromTheMesh) {
     ProVector* normals = nullptr;
     Pro2dPnt* parameters = nullptr;
     ProTriangle* triangles = nullptr;
-    ASSERT_EQ(host::ops::ProTessellationVerticesGet(context, tessellation, &vertices), PRO_TK_NO_ERROR);
-    ASSERT_EQ(host::ops::ProTessellationNormalsGet(context, tessellation, &normals), PRO_TK_NO_ERROR);
-    ASSERT_EQ(host::ops::ProTessellationParamsGet(context, tessellation, &parameters), PRO_TK_NO_ERROR);
-    ASSERT_EQ(host::ops::ProTessellationFacetsGet(context, tessellation, &triangles), PRO_TK_NO_ERROR);
+    ASSERT_EQ(host::shims::ProTessellationVerticesGet(context, tessellation, &vertices), PRO_TK_NO_ERROR);
+    ASSERT_EQ(host::shims::ProTessellationNormalsGet(context, tessellation, &normals), PRO_TK_NO_ERROR);
+    ASSERT_EQ(host::shims::ProTessellationParamsGet(context, tessellation, &parameters), PRO_TK_NO_ERROR);
+    ASSERT_EQ(host::shims::ProTessellationFacetsGet(context, tessellation, &triangles), PRO_TK_NO_ERROR);
     int sizes[4] = {};
-    host::ops::ProArraySizeGet(context, vertices, &sizes[0]);
-    host::ops::ProArraySizeGet(context, normals, &sizes[1]);
-    host::ops::ProArraySizeGet(context, parameters, &sizes[2]);
-    host::ops::ProArraySizeGet(context, triangles, &sizes[3]);
+    host::shims::ProArraySizeGet(context, vertices, &sizes[0]);
+    host::shims::ProArraySizeGet(context, normals, &sizes[1]);
+    host::shims::ProArraySizeGet(context, parameters, &sizes[2]);
+    host::shims::ProArraySizeGet(context, triangles, &sizes[3]);
     EXPECT_EQ((std::vector<int>(sizes, sizes + 4)), (std::vector<int>{4, 4, 4, 2}));
     // The second square of the part stands at x = 1.
     EXPECT_EQ((std::vector<double>{vertices[2][0], vertices[2][1], vertices[2][2]}), (std::vector<double>{2, 1, 0}));
     EXPECT_EQ(normals[3][2], 1.0);
     EXPECT_EQ(parameters[1][0], 1.0);
     EXPECT_EQ((std::vector<int>{triangles[1][0], triangles[1][1], triangles[1][2]}), (std::vector<int>{0, 2, 3}));
-    EXPECT_EQ(host::ops::ProTessellationFree(context, tessellation), PRO_TK_NO_ERROR);
+    EXPECT_EQ(host::shims::ProTessellationFree(context, tessellation), PRO_TK_NO_ERROR);
     // The arrays outlive the tessellation, and are the plug-in's to free.
     EXPECT_EQ(vertices[3][1], 1.0);
     EXPECT_EQ(session().arrays().outstanding("tessellation vertices"), 1u);
     for (void* array : {static_cast<void*>(vertices), static_cast<void*>(normals), static_cast<void*>(parameters),
                         static_cast<void*>(triangles)}) {
-        EXPECT_EQ(host::ops::ProArrayFree(context, &array), PRO_TK_NO_ERROR);
+        EXPECT_EQ(host::shims::ProArrayFree(context, &array), PRO_TK_NO_ERROR);
     }
     EXPECT_EQ(session().arrays().outstanding(), 0u);
-    EXPECT_EQ(host::ops::ProTessellationFree(context, tessellation), PRO_TK_BAD_INPUTS);
+    EXPECT_EQ(host::shims::ProTessellationFree(context, tessellation), PRO_TK_BAD_INPUTS);
 }
 
 TEST_F(Tessellations, OutcomesAndChordHeightsAreRecordedPerRequest) {
@@ -71,14 +72,14 @@ TEST_F(Tessellations, OutcomesAndChordHeightsAreRecordedPerRequest) {
     replaceGeometry(2, host::TestSurface::unitSquare()).answerNullHandle();
     ProTessellation tessellation = nullptr;
     EXPECT_EQ(tessellate(0, 0.05, tessellation), PRO_TK_NO_ERROR);
-    host::ops::ProTessellationFree(context, tessellation);
+    host::shims::ProTessellationFree(context, tessellation);
     ProTessellation untouched = reinterpret_cast<ProTessellation>(&model);
     tessellation = untouched;
     EXPECT_NE(tessellate(1, 0.05, tessellation), PRO_TK_NO_ERROR);
     EXPECT_NE(tessellate(1, 0.0005, tessellation), PRO_TK_NO_ERROR);
     EXPECT_EQ(tessellation, untouched) << "a refusal leaves the output";
     EXPECT_EQ(tessellate(1, 0.005, tessellation), PRO_TK_NO_ERROR);
-    host::ops::ProTessellationFree(context, tessellation);
+    host::shims::ProTessellationFree(context, tessellation);
     EXPECT_EQ(tessellate(2, 0.05, tessellation), PRO_TK_NO_ERROR);
     EXPECT_EQ(tessellation, nullptr);
 
@@ -108,29 +109,52 @@ TEST_F(Tessellations, AMissingArrayAnswersAFailureAndNull) {
     ProVector* normals = reinterpret_cast<ProVector*>(&model);
     ProTriangle* triangles = reinterpret_cast<ProTriangle*>(&model);
     Pro2dPnt* parameters = nullptr;
-    EXPECT_NE(host::ops::ProTessellationNormalsGet(context, tessellation, &normals), PRO_TK_NO_ERROR);
-    EXPECT_NE(host::ops::ProTessellationFacetsGet(context, tessellation, &triangles), PRO_TK_NO_ERROR);
+    EXPECT_NE(host::shims::ProTessellationNormalsGet(context, tessellation, &normals), PRO_TK_NO_ERROR);
+    EXPECT_NE(host::shims::ProTessellationFacetsGet(context, tessellation, &triangles), PRO_TK_NO_ERROR);
     EXPECT_EQ(normals, nullptr);
     EXPECT_EQ(triangles, nullptr);
-    EXPECT_EQ(host::ops::ProTessellationParamsGet(context, tessellation, &parameters), PRO_TK_NO_ERROR);
+    EXPECT_EQ(host::shims::ProTessellationParamsGet(context, tessellation, &parameters), PRO_TK_NO_ERROR);
     EXPECT_EQ(session().arrays().outstanding(), 1u);
-    host::ops::ProTessellationFree(context, tessellation);
+    host::shims::ProTessellationFree(context, tessellation);
+}
+
+// Bad chord heights are answers the CAD host gives, not faults of the
+// plug-in: a status, and no session error.
+TEST_F(Tessellations, BadChordHeightsAreRefusedWithAStatusAndNoSessionError) {
+    ProTessellation tessellation = nullptr;
+    auto tessellateWithInput = [&] {
+        return host::shims::ProSurfaceTessellationGet(context, handle(model.surfaces[0]), input, &tessellation);
+    };
+    const double bad[] = {-1.0, -1e-300, std::nan(""), std::numeric_limits<double>::infinity(),
+                          -std::numeric_limits<double>::infinity()};
+    for (double chordHeight : bad) {
+        EXPECT_EQ(host::shims::ProSurfacetessellationinputChordheightSet(context, input, chordHeight),
+                  PRO_TK_BAD_INPUTS)
+            << chordHeight;
+    }
+    EXPECT_EQ(tessellateWithInput(), PRO_TK_BAD_INPUTS) << "no chord height was taken";
+    EXPECT_EQ(tessellation, nullptr);
+    ASSERT_EQ(host::shims::ProSurfacetessellationinputChordheightSet(context, input, 0.5), PRO_TK_NO_ERROR);
+    EXPECT_EQ(host::shims::ProSurfacetessellationinputChordheightSet(context, input, -0.5), PRO_TK_BAD_INPUTS);
+    ASSERT_EQ(tessellateWithInput(), PRO_TK_NO_ERROR) << "the input keeps the last good chord height";
+    ASSERT_EQ(session().tessellationRequests().size(), 1u);
+    EXPECT_EQ(session().tessellationRequests()[0].chordHeight, 0.5);
+    host::shims::ProTessellationFree(context, tessellation);
+    EXPECT_TRUE(log().empty()) << log().front();
 }
 
 TEST_F(Tessellations, InputsAreCheckedAndFreedOnce) {
     ProTessellation tessellation = nullptr;
-    // No chord height set yet.
-    EXPECT_EQ(host::ops::ProSurfaceTessellationGet(context, handle(model.surfaces[0]), input, &tessellation),
-              PRO_TK_BAD_INPUTS);
-    EXPECT_EQ(host::ops::ProSurfacetessellationinputChordheightSet(context, input, -1.0), PRO_TK_BAD_INPUTS);
-    EXPECT_EQ(host::ops::ProSurfacetessellationinputUvprojectionSet(context, input, 0, nullptr), PRO_TK_NO_ERROR);
+    EXPECT_EQ(host::shims::ProSurfacetessellationinputUvprojectionSet(context, input, 0, nullptr), PRO_TK_NO_ERROR);
     EXPECT_EQ(session().handles().tessellationInputs.outstanding(), 1u);
-    EXPECT_EQ(host::ops::ProSurfacetessellationinputFree(context, input), PRO_TK_NO_ERROR);
-    EXPECT_EQ(host::ops::ProSurfacetessellationinputFree(context, input), PRO_TK_BAD_INPUTS);
+    EXPECT_EQ(host::shims::ProSurfacetessellationinputFree(context, input), PRO_TK_NO_ERROR);
+    EXPECT_EQ(host::shims::ProSurfacetessellationinputFree(context, input), PRO_TK_BAD_INPUTS);
     EXPECT_EQ(tessellate(0, 0.1, tessellation), PRO_TK_BAD_INPUTS) << "a freed input";
     EXPECT_TRUE(session().tessellationRequests().empty());
-    ASSERT_FALSE(log().empty());
-    EXPECT_EQ(log()[0], "ProSurfaceTessellationGet: the tessellation input has no chord height");
+    // The freed input's second free, chord height and tessellation.
+    ASSERT_EQ(log().size(), 3u);
+    EXPECT_EQ(log()[0], "ProSurfacetessellationinputFree: the handle is no tessellation input that is out");
+    EXPECT_EQ(log()[2], "ProSurfaceTessellationGet: the handle is no tessellation input that is out");
 }
 
 TEST(ParametricSurface, CylinderSegmentsStayWithinTheChordHeightAndFollowIt) {

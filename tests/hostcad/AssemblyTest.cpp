@@ -79,13 +79,13 @@ TEST(CadAssembly, FaceColoursStandBesideThePartsNamedMaterial) {
     const CadPart& part = model.parts.at(0);
     ASSERT_TRUE(part.appearance.has_value());
     EXPECT_EQ(part.appearance->name, "Steel");
-    EXPECT_EQ(part.appearance->red, 1.0);
+    EXPECT_NEAR(part.appearance->red, 1.0, 1e-6);  // the kernel keeps colours in single precision
     EXPECT_EQ(part.appearance->blue, 0.0);
     int ownColours = 0;
     for (const CadFace& face : part.faces) {
         if (!face.appearance) continue;
         ++ownColours;
-        EXPECT_EQ(face.appearance->blue, 1.0);
+        EXPECT_NEAR(face.appearance->blue, 1.0, 1e-6);
         EXPECT_EQ(face.appearance->red, 0.0);
         EXPECT_EQ(face.appearance->name, "");
     }
@@ -123,7 +123,7 @@ TEST(CadAssembly, HiddenLayersAndHiddenShapesAreBlanked) {
     EXPECT_EQ(components[0].layerNames, std::vector<std::string>{"HIDDEN"});
     EXPECT_EQ(components[1].layerNames, std::vector<std::string>{"SHOWN"});
     ASSERT_TRUE(components[3].appearance.has_value());
-    EXPECT_EQ(components[3].appearance->green, 1.0);
+    EXPECT_NEAR(components[3].appearance->green, 1.0, 1e-6);
     EXPECT_FALSE(components[4].appearance.has_value());
 
     ASSERT_EQ(model.layers.size(), 2u);

@@ -114,11 +114,11 @@ const EdgeSide* sideOn(const ExactEdge& edge, int surfaceId) {
 }
 
 Point2 startOf(const EdgeSide& side) {
-    const Point3& p = side.direction == edgeReversed ? side.curve->points.back() : side.curve->points.front();
+    const Point3& p = side.direction == PRO_EDGE_DIRECTION_REVERSED ? side.curve->points.back() : side.curve->points.front();
     return {p[0], p[1]};
 }
 Point2 endOf(const EdgeSide& side) {
-    const Point3& p = side.direction == edgeReversed ? side.curve->points.front() : side.curve->points.back();
+    const Point3& p = side.direction == PRO_EDGE_DIRECTION_REVERSED ? side.curve->points.front() : side.curve->points.back();
     return {p[0], p[1]};
 }
 
@@ -154,7 +154,7 @@ TEST_P(ExactConversion, EveryFaceIsABsplineWhoseContoursCloseOnItsEdges) {
         const size_t countV = shape.knotsV.size() - static_cast<size_t>(shape.degreeV) - 1;
         EXPECT_EQ(shape.points.size(), countU * countV);
         ASSERT_FALSE(surface->contours.empty());
-        EXPECT_EQ(surface->contours[0].traversal, contourOuter);
+        EXPECT_EQ(surface->contours[0].traversal, PRO_CONTOUR_TRAV_EXTERNAL);
         for (const EdgeContour& contour : surface->contours) {
             std::vector<const EdgeSide*> uses;
             for (int id : contour.edgeIds) {
@@ -164,7 +164,7 @@ TEST_P(ExactConversion, EveryFaceIsABsplineWhoseContoursCloseOnItsEdges) {
                 // The use's start in parameters is its start in space.
                 const gp_Pnt onSurface = surfacePoint(shape, startOf(*side)[0], startOf(*side)[1]);
                 const TopoDS_Edge& edge = model.shapes->edge(cadEdges.at(id)->shapeIndex);
-                EXPECT_LT(onSurface.Distance(useStart(edge, side->direction == edgeReversed)), 1e-4) << "edge " << id;
+                EXPECT_LT(onSurface.Distance(useStart(edge, side->direction == PRO_EDGE_DIRECTION_REVERSED)), 1e-4) << "edge " << id;
             }
             for (size_t k = 0; k < uses.size(); ++k) {
                 const Point2 end = endOf(*uses[k]), start = startOf(*uses[(k + 1) % uses.size()]);

@@ -4,6 +4,7 @@
 #include <BRep_Builder.hxx>
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <fstream>
 
 #include "CadTestSupport.h"
@@ -160,6 +161,47 @@ TEST(CadLoading, FilesThatGiveNoModel_bad_) {
     builder.addPart("NOTHING", nothing);
     builder.writeStep(folder.file("nothing.step"), "mm");
     expectLoadError(folder.file("nothing.step"), "holds no geometry");
+}
+
+// A binary STL of `declared` triangles with room for `held`: each facet a
+// zero normal, the corners (t, 0, 0), (t + 1, 0, 0), (t, 1, 0), no attribute.
+std::string binaryStl(uint32_t declared, uint32_t held) {
+    std::string bytes(80, ' ');
+    bytes.append(reinterpret_cast<const char*>(&declared), 4);
+    for (uint32_t t = 0; t < held; ++t) {
+        const float values[12] = {0, 0, 0, float(t), 0, 0, float(t + 1), 0, 0, float(t), 1, 0};
+        bytes.append(reinterpret_cast<const char*>(values), sizeof values);
+        bytes.append(2, '\0');
+    }
+    return bytes;
+}
+
+// Issue point 4: a file named .stl that isn't one is refused from its first
+// bytes and size, before the kernel allocates for the triangles it claims.
+TEST(CadLoading, StlFilesAreCheckedBeforeTheKernelReadsThem_bad_) {
+    ScratchFolder folder;
+    std::string noise(4000, '\0');
+    for (size_t i = 0; i < noise.size(); ++i) noise[i] = static_cast<char>((i * 7919 + 13) % 251);
+    noise.replace(80, 4, "\xff\xff\xff\x7f");
+    const std::pair<const char*, std::string> refused[] = {
+        {"noise.stl", noise},
+        {"short.stl", binaryStl(3, 2)},
+        {"long.stl", binaryStl(1, 2)},
+        {"tiny.stl", "sol"},
+        {"binarytext.stl", "solid \x01\x02 not text"},
+    };
+    for (const auto& [name, bytes] : refused) {
+        writeText(folder.file(name), bytes);
+        const auto start = std::chrono::steady_clock::now();
+        expectLoadError(folder.file(name), "is no STL file");
+        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2)) << name;
+    }
+    writeText(folder.file("two.stl"), binaryStl(2, 2));
+    const CadModel model = loadCadModel(folder.file("two.stl"));
+    ASSERT_EQ(model.parts.size(), 1u);
+    ASSERT_EQ(model.parts[0].facets.size(), 2u);
+    EXPECT_EQ(model.parts[0].facets[1].points[1][0], 2.0);
+    EXPECT_EQ(model.parts[0].facets[1].points[2][1], 1.0);
 }
 
 }  // namespace

@@ -1,24 +1,11 @@
 #include <gtest/gtest.h>
 
-#include <clocale>
-
 #include "platform/CodePage.h"
+#include "tests/support/LocaleScope.h"
 
 namespace {
 
-// Runs the body under a locale and restores the previous one.
-class LocaleScope {
-public:
-    explicit LocaleScope(const char* name) : previous_(std::setlocale(LC_ALL, nullptr)) {
-        ok_ = std::setlocale(LC_ALL, name) != nullptr;
-    }
-    ~LocaleScope() { std::setlocale(LC_ALL, previous_.c_str()); }
-    bool ok() const { return ok_; }
-
-private:
-    std::string previous_;
-    bool ok_ = false;
-};
+using testsupport::LocaleScope;
 
 TEST(CodePage, Utf8LocaleRoundTripsNonAsciiText) {
     LocaleScope locale("C.UTF-8");

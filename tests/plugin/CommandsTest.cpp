@@ -1,5 +1,6 @@
 #include "export/ExportDrivers.h"
-#include "plugin/Commands.h"
+#include "plugin/shell/CommandActions.h"
+#include "plugin/shell/Commands.h"
 #include "tests/plugin/PluginFixture.h"
 
 namespace {

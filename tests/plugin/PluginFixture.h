@@ -7,8 +7,8 @@
 #include <iterator>
 #include <string>
 
-#include "plugin/SettingsFile.h"
-#include "plugin/VantrelPlugin.h"
+#include "plugin/core/SettingsFile.h"
+#include "plugin/core/VantrelPlugin.h"
 #include "tests/toolkit/FakeHost.h"
 #include "tests/toolkit/TemporaryDirectory.h"
 

@@ -2,9 +2,13 @@
 // summary, the settings file handed to the plug-in, and the messages of bad
 // input.
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <spawn.h>
 #include <sys/wait.h>
 
+#include <chrono>
 #include <cstdio>
+#include <thread>
 #include <fstream>
 #include <sstream>
 
@@ -30,8 +34,12 @@ std::string contentsOf(const std::filesystem::path& path) {
 
 ProgramRun run(const ScratchFolder& folder, const std::string& arguments) {
     const std::filesystem::path errors = folder.path() / "stderr.txt";
-    const std::string command = std::string("'") + VANTREL_HOST_PROGRAM + "' --plugin '" + VANTREL_PLUGIN_FILE + "' " +
-                                arguments + " 2>'" + errors.string() + "'";
+    // The sample needs no plug-in, and takes no option for one.
+    const std::string plugin =
+        arguments.starts_with("sample") ? "" : std::string("--plugin '") + VANTREL_PLUGIN_FILE + "' ";
+    // The per-user working directory is the folder's own.
+    const std::string command = "XDG_CONFIG_HOME='" + folder.path().string() + "/config' '" + VANTREL_HOST_PROGRAM +
+                                "' " + plugin + arguments + " 2>'" + errors.string() + "'";
     ProgramRun result;
     FILE* pipe = popen(command.c_str(), "r");
     if (!pipe) return result;
@@ -51,13 +59,15 @@ TEST(ExportCommandLine, SampleExportsWithTheSettingsGiven) {
     EXPECT_TRUE(std::filesystem::exists(folder.path() / "sample-mesh.stl"));
 
     const ProgramRun exported = run(folder, "export '" + model + "' -o '" + folder.file("sample.vnz") +
-                                                "' --quality 0.5 --up z --no-nurbs --assembly-materials --workdir '" +
+                                                "' --quality=0.5 --up Z --no-nurbs --assembly-materials --workdir '" +
                                                 folder.path().string() + "'");
     ASSERT_EQ(exported.exitCode, 0) << exported.err;
     EXPECT_NE(exported.out.find("exported " + model + " to " + folder.file("sample.vnz")), std::string::npos)
         << exported.out;
     EXPECT_NE(exported.out.find(" groups, "), std::string::npos) << exported.out;
     EXPECT_NE(exported.out.find(" cameras"), std::string::npos) << exported.out;
+    EXPECT_NE(exported.out.find(" materials ("), std::string::npos) << exported.out;
+    EXPECT_EQ(exported.out.find("meshes only"), std::string::npos) << exported.out;
     // Not a terminal: no progress line.
     EXPECT_EQ(exported.err.find("meshing surfaces"), std::string::npos) << exported.err;
 
@@ -71,6 +81,11 @@ TEST(ExportCommandLine, SampleExportsWithTheSettingsGiven) {
         << settings;
     const std::string scene = contentsOf(folder.path() / "sample.vnz");
     EXPECT_NE(scene.find("\"import_up_vector\" 2,"), std::string::npos);
+
+    const ProgramRun mesh = run(folder, "export '" + folder.file("sample-mesh.stl") + "' -o '" + folder.file("m.vnz") + "'");
+    ASSERT_EQ(mesh.exitCode, 0) << mesh.err;
+    EXPECT_NE(mesh.out.find("\nthe model holds meshes only: --quality has no effect on it\n"), std::string::npos)
+        << mesh.out;
 }
 
 TEST(ExportCommandLine, BadInputIsNamedWithANonZeroExit_bad_) {
@@ -95,9 +110,105 @@ TEST(ExportCommandLine, BadInputIsNamedWithANonZeroExit_bad_) {
     EXPECT_EQ(badQuality.exitCode, 2);
     EXPECT_NE(badQuality.err.find("--quality needs a number from 0 to 1, not \"1.5\""), std::string::npos);
 
+    const ProgramRun emptyOutput = run(folder, "export m.step -o ''");
+    EXPECT_EQ(emptyOutput.exitCode, 2);
+    EXPECT_NE(emptyOutput.err.find("-o needs a path"), std::string::npos) << emptyOutput.err;
+
     const ProgramRun badAxis = run(folder, "export m.step -o o.vnz --up w");
     EXPECT_EQ(badAxis.exitCode, 2);
     EXPECT_NE(badAxis.err.find("--up needs x, y, z, -x, -y or -z"), std::string::npos);
+}
+
+// Issue point 5: standard output holds only the summary; what the kernel
+// says goes to standard error, plain, and only with a file it can't read.
+TEST(ExportCommandLine, KernelMessagesGoToStandardErrorOnlyWhenAReadFails) {
+    ScratchFolder folder;
+    std::ofstream(folder.path() / "garbage.step") << "ISO-10303-21;\nHEADER;\nTHIS IS NOT STEP\n";
+    const ProgramRun failed = run(folder, "export '" + folder.file("garbage.step") + "' -o '" + folder.file("o.vnz") + "'");
+    EXPECT_EQ(failed.exitCode, 1);
+    EXPECT_EQ(failed.out, "");
+    EXPECT_NE(failed.err.find("cannot read STEP file"), std::string::npos) << failed.err;
+    EXPECT_NE(failed.err.find("\n  kernel: "), std::string::npos) << failed.err;
+    EXPECT_EQ(failed.err.find('\x1b'), std::string::npos) << failed.err;
+
+    const std::string model = folder.file("sample.step");
+    ASSERT_EQ(run(folder, "sample '" + model + "'").exitCode, 0);
+    const ProgramRun done = run(folder, "export '" + model + "' -o '" + folder.file("s.vnz") + "'");
+    ASSERT_EQ(done.exitCode, 0) << done.err;
+    EXPECT_TRUE(done.out.starts_with("exported ")) << done.out;
+    EXPECT_EQ(std::count(done.out.begin(), done.out.end(), '\n'), 2) << done.out;
+    EXPECT_EQ(done.err, "");
+}
+
+// Temporary scene files of a run beside `folder`'s files.
+int temporaryFiles(const std::filesystem::path& folder) {
+    int count = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        if (entry.path().filename().string().find(".part-") != std::string::npos) ++count;
+    }
+    return count;
+}
+
+// Issue points 2, 7 and 3: the output is never the model, is checked before
+// the model is read, and replaces an earlier file only with a sound scene.
+TEST(ExportCommandLine, TheOutputIsCheckedFirstAndReplacedOnlyBySoundScenes) {
+    ScratchFolder folder;
+    const std::string model = folder.file("sample.step");
+    ASSERT_EQ(run(folder, "sample '" + model + "'").exitCode, 0);
+    const std::string modelBytes = contentsOf(model);
+    std::filesystem::create_symlink(model, folder.path() / "alias.vnz");
+    for (const std::string& same : {folder.path().string() + "/./sample.step", folder.file("alias.vnz")}) {
+        const ProgramRun refused = run(folder, "export '" + model + "' -o '" + same + "'");
+        EXPECT_EQ(refused.exitCode, 1) << same;
+        EXPECT_NE(refused.err.find("would overwrite the model file"), std::string::npos) << refused.err;
+    }
+    EXPECT_EQ(contentsOf(model), modelBytes);
+
+    const ProgramRun unwritable = run(folder, "export '" + folder.file("missing.step") + "' -o /no/such/dir/x.vnz");
+    EXPECT_EQ(unwritable.exitCode, 1);
+    EXPECT_EQ(unwritable.err, "vantrel-host: error: can't write the scene \"/no/such/dir/x.vnz\": No such file or "
+                              "directory\n");
+
+    const std::string scene = folder.file("scene.vnz");
+    std::ofstream(scene) << "earlier\n";
+    const ProgramRun failed = run(folder, "export '" + model + "' -o '" + scene + "' --plugin /no/such/plugin.so");
+    EXPECT_EQ(failed.exitCode, 1);
+    EXPECT_EQ(contentsOf(scene), "earlier\n");
+    EXPECT_EQ(temporaryFiles(folder.path()), 0);
+
+    const ProgramRun done = run(folder, "export '" + model + "' -o '" + scene + "' --workdir '" + folder.path().string() + "'");
+    ASSERT_EQ(done.exitCode, 0) << done.err;
+    EXPECT_NE(contentsOf(scene), "earlier\n");
+    EXPECT_EQ(temporaryFiles(folder.path()), 0);
+    // The plug-in's next default is the file asked for, not the temporary one.
+    EXPECT_NE(contentsOf(folder.path() / "vantrel_plugin_settings.xml").find("<exportPath>" + scene + "</exportPath>"),
+              std::string::npos);
+}
+
+TEST(ExportCommandLine, AnInterruptLeavesTheEarlierSceneAndNoTemporaryFile) {
+    ScratchFolder folder;
+    const std::string model = folder.file("sample.step");
+    ASSERT_EQ(run(folder, "sample '" + model + "'").exitCode, 0);
+    const std::string scene = folder.file("scene.vnz");
+    std::ofstream(scene) << "earlier\n";
+    const std::string command = std::string("exec '") + VANTREL_HOST_PROGRAM + "' --plugin '" + VANTREL_PLUGIN_FILE +
+                                "' export '" + model + "' -o '" + scene + "' --quality 1.0 --workdir '" +
+                                folder.path().string() + "' >/dev/null 2>&1";
+    const char* arguments[] = {"sh", "-c", command.c_str(), nullptr};
+    pid_t child = 0;
+    ASSERT_EQ(posix_spawn(&child, "/bin/sh", nullptr, nullptr, const_cast<char**>(arguments), environ), 0);
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+    while (temporaryFiles(folder.path()) == 0 && std::chrono::steady_clock::now() < deadline) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    const bool seen = temporaryFiles(folder.path()) > 0;
+    kill(child, SIGINT);
+    int status = 0;
+    waitpid(child, &status, 0);
+    ASSERT_TRUE(seen) << "the run made no temporary file";
+    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGINT) << "the run ended before the interrupt";
+    EXPECT_EQ(contentsOf(scene), "earlier\n");
+    EXPECT_EQ(temporaryFiles(folder.path()), 0);
 }
 
 }  // namespace

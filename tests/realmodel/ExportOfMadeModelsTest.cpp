@@ -156,6 +156,44 @@ TEST(ExportOfMadeModels, FaceColoursGiveAMaterialEachAndAPartColourOne) {
     for (const std::string& key : keys) EXPECT_EQ(key.rfind("two_tone:", 0), 0u) << key;
 }
 
+// Issue point 10: the colours of a STEP file reach the material keys as the
+// file writes them, not as the kernel keeps them (linear RGB, which would
+// give 255:81:0 and 154:255:8 here).
+TEST(ExportOfMadeModels, StepColoursReachTheMaterialsAsTheFileWritesThem) {
+    const TopoDS_Shape box = BRepPrimAPI_MakeBox(2.0, 2.0, 2.0).Shape();
+    ScratchFolder folder;
+    cad::XdeDocumentBuilder builder;
+    const TDF_Label part = builder.addPart("LAMP", box);
+    builder.setColour(part, 0.1, 0.2, 0.3);
+    builder.setFaceColour(part, TopExp_Explorer(box, TopAbs_FACE).Current(), 0.3, 0.2, 0.1);
+    const std::string path = folder.file("lamp.step");
+    builder.writeStep(path, "mm");
+    // The colours as plain numbers in the file's text.
+    std::ifstream written(path);
+    std::string text((std::istreambuf_iterator<char>(written)), std::istreambuf_iterator<char>());
+    const char* plain[] = {"1.,0.6,0.", "0.8,1.,0.2"};
+    size_t at = 0;
+    for (const char* values : plain) {
+        at = text.find("COLOUR_RGB(", at);
+        ASSERT_NE(at, std::string::npos);
+        const size_t open = text.find(',', at) + 1;
+        const size_t close = text.find(')', open);
+        text.replace(open, close - open, values);
+        at = close;
+    }
+    writeText(path, text);
+    const ExportedScene scene = exportFile(path, folder.path(), meshesOnly());
+    std::vector<std::string> colours;
+    for (const scenereader::Block* material : scene.document.root.descendants("material")) {
+        const std::string& key = material->name();
+        size_t third = key.size();
+        for (int colon = 0; colon < 3; ++colon) third = key.rfind(':', third - 1);
+        colours.push_back(key.substr(third + 1));
+    }
+    std::sort(colours.begin(), colours.end());
+    EXPECT_EQ(colours, (std::vector<std::string>{"204:255:51", "255:153:0"}));
+}
+
 TEST(ExportOfMadeModels, TextureOfAFaceIsFoundOnTheSearchPath) {
     ScratchFolder folder;
     const std::filesystem::path image = folder.path() / "textures" / "wood.png";
@@ -220,6 +258,37 @@ TEST(ExportOfMadeModels, PartUsedTwiceIsTwoGroupsWithTheirOwnTransforms) {
         ASSERT_EQ(numbers.size(), 16u);
         for (size_t i = 0; i < 16; ++i) EXPECT_NEAR(numbers[i], expected[g][i], 1e-5) << g << ": " << i;
         EXPECT_EQ(meshesBelow(*groups[g]).size(), 1u);
+    }
+}
+
+// One of two occurrences of a grey part is painted red in the assembly: with
+// assembly materials the two differ, without them they are alike.
+TEST(ExportOfMadeModels, AnOccurrencePaintedInTheAssemblyShowsItsColourWithAssemblyMaterials) {
+    ScratchFolder folder;
+    cad::XdeDocumentBuilder builder;
+    const TDF_Label bracket = builder.addPart("BRACKET", BRepPrimAPI_MakeBox(1.0, 1.0, 1.0).Shape());
+    builder.setColour(bracket, 0.5, 0.5, 0.5);
+    const TDF_Label top = builder.addAssembly("TOP");
+    const TDF_Label painted = builder.addComponent(top, bracket, moved(0.0, 0.0, 0.0));
+    builder.setColour(painted, 1.0, 0.0, 0.0);
+    builder.addComponent(top, bracket, moved(3.0, 0.0, 0.0));
+    builder.writeStep(folder.file("painted-use.step"), "mm");
+
+    for (bool assemblyMaterials : {true, false}) {
+        ExportSettings settings = meshesOnly();
+        settings.useAssemblyMaterials = assemblyMaterials;
+        const ExportedScene scene = exportFile(folder.file("painted-use.step"), folder.path(), settings);
+        const auto groups = partGroupsNamed(scene.document, "BRACKET");
+        ASSERT_EQ(groups.size(), 2u);
+        std::vector<std::vector<std::string>> keys(2);
+        for (size_t g = 0; g < 2; ++g)
+            for (const scenereader::Block* material : groups[g]->descendants("material"))
+                keys[g].push_back(material->name());
+        ASSERT_EQ(keys[1].size(), 1u);
+        ASSERT_EQ(keys[0].size(), 1u);
+        EXPECT_NE(keys[1][0].find(":128:128:128"), std::string::npos) << keys[1][0];
+        const char* shown = assemblyMaterials ? ":255:0:0" : ":128:128:128";
+        EXPECT_NE(keys[0][0].find(shown), std::string::npos) << keys[0][0];
     }
 }
 

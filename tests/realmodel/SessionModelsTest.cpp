@@ -26,7 +26,7 @@ gp_Trsf moved(double x, double y, double z) {
 const Layer* layerHolding(const Model& model, int featureId) {
     for (const Layer& layer : model.layers) {
         for (const LayerItemRef& item : layer.items) {
-            if (item.type == layerItemFeature && item.id == featureId) return &layer;
+            if (item.type == PRO_LAYER_ITEM_FEATURE && item.id == featureId) return &layer;
         }
     }
     return nullptr;
@@ -48,7 +48,7 @@ TEST(SessionModels, AssemblyOfComponentFeaturesOverSharedPartModels) {
     Model& topModel = *loaded.models.top;
     EXPECT_EQ(session.currentModel(), &topModel);
     EXPECT_EQ(session.mode(), modeAssembly);
-    EXPECT_EQ(topModel.type, modelTypeAssembly);
+    EXPECT_EQ(topModel.type, PRO_MDL_ASSEMBLY);
     EXPECT_EQ(topModel.name, u"TOP");
     EXPECT_EQ(topModel.lengthUnit, u"in");
     EXPECT_EQ(session.models().size(), 3u);
@@ -56,8 +56,8 @@ TEST(SessionModels, AssemblyOfComponentFeaturesOverSharedPartModels) {
     ASSERT_EQ(topModel.features.size(), 3u);
     const Feature& first = topModel.features[0];
     const Feature& second = topModel.features[1];
-    EXPECT_EQ(first.type, featureTypeComponent);
-    EXPECT_EQ(first.status, featureStatusActive);
+    EXPECT_EQ(first.type, PRO_FEAT_TYPE_COMPONENT);
+    EXPECT_EQ(first.status, PRO_FEAT_ACTIVE);
     EXPECT_EQ(first.component, second.component);
     EXPECT_NE(first.id, second.id);
     EXPECT_DOUBLE_EQ(first.placement[3][0], 2.0);
@@ -65,10 +65,10 @@ TEST(SessionModels, AssemblyOfComponentFeaturesOverSharedPartModels) {
     EXPECT_DOUBLE_EQ(topModel.features[2].placement[3][2], -1.0);
 
     const Model& boltModel = *first.component;
-    EXPECT_EQ(boltModel.type, modelTypePart);
+    EXPECT_EQ(boltModel.type, PRO_MDL_PART);
     EXPECT_EQ(boltModel.lengthUnit, u"in");
     ASSERT_EQ(boltModel.features.size(), 1u);
-    EXPECT_EQ(boltModel.features[0].type, featureTypeSolid);
+    EXPECT_EQ(boltModel.features[0].type, PRO_FEAT_TYPE_SOLID);
     EXPECT_EQ(boltModel.surfaces.size(), 3u);
     for (const Surface& surface : boltModel.surfaces) {
         EXPECT_EQ(surface.featureId, boltModel.features[0].id);
@@ -97,13 +97,13 @@ TEST(SessionModels, HiddenComponentsSitOnBlankedLayers) {
     const Layer* third = layerHolding(topModel, topModel.features[2].id);
     ASSERT_NE(first, nullptr);
     EXPECT_EQ(first->name, u"SHOWN");
-    EXPECT_EQ(first->displayStatus, layerNormal);
+    EXPECT_EQ(first->displayStatus, PRO_LAYER_NORMAL);
     ASSERT_NE(second, nullptr);
     EXPECT_EQ(second->name, u"CONSTRUCTION");
-    EXPECT_EQ(second->displayStatus, layerBlank);
+    EXPECT_EQ(second->displayStatus, PRO_LAYER_BLANK);
     ASSERT_NE(third, nullptr);
     EXPECT_EQ(third->name, blankedLayerName);
-    EXPECT_EQ(third->displayStatus, layerBlank);
+    EXPECT_EQ(third->displayStatus, PRO_LAYER_BLANK);
     // Only the shown cube is meshed.
     EXPECT_EQ(loaded.models.surfaceOccurrences, 6u);
     std::vector<int> layerIds;

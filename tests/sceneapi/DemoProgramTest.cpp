@@ -40,7 +40,7 @@ TEST(DemoProgram, SceneReadsBackWithTheDemoContent) {
     // The scene's group holds the camera and the cube's group; the cube has
     // two triangles on each of its six faces.
     EXPECT_EQ(scenereader::describeSummary(scenereader::summarize(document)),
-              "2 groups, 1 object, 1 triangle mesh with 12 triangles, 1 material, 1 camera, 0 NURBS objects");
+              "2 groups, 1 object, 1 triangle mesh with 12 triangles, 1 material (1 distinct), 1 camera, 0 NURBS objects");
     const scenereader::Block* scene = document.root.child("group");
     ASSERT_NE(scene, nullptr);
     EXPECT_EQ(scene->name(), "demo");

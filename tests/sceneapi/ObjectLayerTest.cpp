@@ -8,7 +8,6 @@
 #include "importers/sceneapi/LightCamera.h"
 #include "importers/sceneapi/LightFactory.h"
 #include "importers/sceneapi/LightNode.h"
-#include "importers/sceneapi/RepeatLinkFactory.h"
 #include "importers/sceneapi/nvxSceneapi_oo.h"
 #include "tests/sceneapi/SceneCapture.h"
 
@@ -156,16 +155,6 @@ TEST(LightCamera, OptionalPartsAndProjections) {
               "\ncamera \"o\" {\n" + ENVIRONMENT + axes + "up 0 1 0\nprojection \"orthographic\"\n" +
               ENVIRONMENT + axes + "up 0 1 0\nprojection \"perspective\"\nfov 60\n}\n" +
               "\ncamera \"x\" {\n" + ENVIRONMENT + axes + "up 0 1 0\n}\n");
-}
-
-TEST(RepeatLinkFactory, WithoutALiveLinkTheSceneIsNull) {
-    nvx::RepeatLinkFactory factory;
-    factory.set_version_range(6, 6);
-    factory.error = "stale";
-    nvx::nvxSceneapi_oo layer(factory);
-    EXPECT_EQ(layer.scene(), nullptr);
-    EXPECT_EQ(factory.error.rfind("Failed to connect. ", 0), 0u);
-    EXPECT_GT(factory.error.size(), std::string("Failed to connect. ").size());
 }
 
 }  // namespace

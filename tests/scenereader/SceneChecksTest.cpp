@@ -75,18 +75,19 @@ TEST(SceneSummary, CountsBlocksAndTriangles) {
     std::string scene = SceneBytes()
         .text("group \"asm\" {\n\ncamera \"v\" {\nfov 60\n}\ngroup \"part\" {\n")
         .text(triangleObject("a", {0, 1, 2, 2, 1, 0}, threeNormals).str())
-        .text("object \"b\" {\ngeometry \"nurbs\" {\n}\nmaterial \"m\" {\n}\n}\n")
+        .text("object \"b\" {\ngeometry \"nurbs\" {\n}\nmaterial \"m\" {\n}\nmaterial \"n\" {\n}\nmaterial \"m\" {\n}\n}\n")
         .text(triangleObject("c", {0, 1, 2}, threeNormals).str()).text("}\n}\n").str();
     scenereader::SceneSummary summary = scenereader::summarize(scenereader::parseScene(scene));
     EXPECT_EQ(summary.groups, 2u);
     EXPECT_EQ(summary.objects, 3u);
     EXPECT_EQ(summary.triangleMeshes, 2u);
     EXPECT_EQ(summary.triangles, 3u);
-    EXPECT_EQ(summary.materials, 1u);
+    EXPECT_EQ(summary.materials, 3u);
+    EXPECT_EQ(summary.distinctMaterials, 2u);
     EXPECT_EQ(summary.cameras, 1u);
     EXPECT_EQ(summary.nurbsObjects, 1u);
     EXPECT_EQ(scenereader::describeSummary(summary), "2 groups, 3 objects, 2 triangle meshes with 3 triangles, "
-                                                     "1 material, 1 camera, 1 NURBS object");
+                                                     "3 materials (2 distinct), 1 camera, 1 NURBS object");
 }
 
 class SceneCheckTool : public testing::Test {
@@ -121,6 +122,28 @@ TEST_F(SceneCheckTool, PrintsSummaryAndFailsOnParseErrorsAndFailedChecks) {
     EXPECT_NE(err_.str().find("could not open the scene file \"" + directory_.string() + "/missing.vnz\""),
               std::string::npos);
     EXPECT_EQ(run({}), 2);
+}
+
+TEST_F(SceneCheckTool, ListsTheTreeAndItsUsageWhenAsked) {
+    std::string scene = write("tree.vnz", SceneBytes()
+        .text("group \"asm\" {\ncamera \"v\" {\nfov 60\n}\ngroup \"part\" {\n")
+        .text(triangleObject("a", {0, 1, 2, 2, 1, 0}, threeNormals).str())
+        .text("object \"b\" {\ngeometry \"nurbs\" {\n}\nmaterial \"m\" {\n}\n}\n}\n}\n").str());
+    EXPECT_EQ(run({"--tree", scene}), 0) << err_.str();
+    const std::string listing = out_.str();
+    EXPECT_EQ(listing.substr(listing.find('\n') + 1),
+              "group \"asm\"\n"
+              "  camera \"v\"\n"
+              "  group \"part\"\n"
+              "    object \"a\"\n"
+              "      mesh: 2 triangles\n"
+              "    object \"b\"\n"
+              "      NURBS\n"
+              "      material \"m\"\n");
+    out_.str("");
+    EXPECT_EQ(run({"--help"}), 0);
+    EXPECT_TRUE(out_.str().starts_with("usage: vantrel-scene-check [--tree] FILE...\n")) << out_.str();
+    EXPECT_EQ(run({"--bogus", scene}), 2);
 }
 
 }  // namespace

@@ -1,10 +1,9 @@
 #include "toolkit/btk/TextConversion.h"
 
-#include <unicode/ustring.h>
-
 #include <cstring>
 
 #include "platform/CodePage.h"
+#include "platform/Utf8.h"
 
 namespace btk {
 namespace {
@@ -69,29 +68,11 @@ void setUpLocaleCodedText() { localeCoded = true; }
 bool localeCodedText() { return localeCoded; }
 
 std::string toolkitNarrow(std::u16string_view text) {
-    if (localeCoded) return platform::wideToSystem(text);
-    int32_t length = 0;
-    UErrorCode status = U_ZERO_ERROR;
-    const UChar* source = reinterpret_cast<const UChar*>(text.data());
-    auto sourceLength = static_cast<int32_t>(text.size());
-    u_strToUTF8WithSub(nullptr, 0, &length, source, sourceLength, 0xFFFD, nullptr, &status);
-    std::string out(static_cast<std::size_t>(length), '\0');
-    status = U_ZERO_ERROR;
-    u_strToUTF8WithSub(out.data(), length, &length, source, sourceLength, 0xFFFD, nullptr, &status);
-    return U_SUCCESS(status) ? out : std::string();
+    return localeCoded ? platform::wideToSystem(text) : platform::wideToUtf8(text);
 }
 
 std::u16string toolkitWiden(std::string_view text) {
-    if (localeCoded) return platform::systemToWide(text);
-    int32_t length = 0;
-    UErrorCode status = U_ZERO_ERROR;
-    auto sourceLength = static_cast<int32_t>(text.size());
-    u_strFromUTF8WithSub(nullptr, 0, &length, text.data(), sourceLength, 0xFFFD, nullptr, &status);
-    std::u16string out(static_cast<std::size_t>(length), u'\0');
-    status = U_ZERO_ERROR;
-    u_strFromUTF8WithSub(reinterpret_cast<UChar*>(out.data()), length, &length, text.data(), sourceLength,
-                         0xFFFD, nullptr, &status);
-    return U_SUCCESS(status) ? out : std::u16string();
+    return localeCoded ? platform::systemToWide(text) : platform::utf8ToWide(text);
 }
 
 }  // namespace btk

@@ -1,0 +1,223 @@
+// The animation of the nodes in a real traversal: the plug-in runs in this
+// process with the host's table, its frame table set as a motion file would
+// leave it, and the written scene is read back.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <unistd.h>
+
+#include <filesystem>
+#include <map>
+#include <sstream>
+
+#include "animation/FraReader.h"
+#include "export/ComponentVisitData.h"
+#include "export/ExportDrivers.h"
+#include "export/RunContext.h"
+#include "host/ActiveSession.h"
+#include "host/FunctionTable.h"
+#include "host/realmodel/ModelLoading.h"
+#include "host/realmodel/MotionRecording.h"
+#include "host/Session.h"
+#include "host/testing/ModelBuilder.h"
+#include "importers/sceneapi/LightFactory.h"
+#include "importers/sceneapi/nvxSceneapi_oo.h"
+#include "plugin/core/VantrelPlugin.h"
+#include "scenereader/SceneAnimations.h"
+#include "scenereader/SceneChecks.h"
+#include "scenereader/SceneReader.h"
+#include "toolkit/Startup.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using namespace host::fixtures;
+using scenereader::Block;
+
+
+ProAsmcomppath pathOf(std::initializer_list<int> ids) {
+    ProAsmcomppath path{};
+    for (int id : ids) path.componentIds[path.componentIdCount++] = id;
+    return path;
+}
+
+FrameMatrix translated(double x, double y, double z) {
+    return {{{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}, {x, y, z, 1}}};
+}
+
+using Matrix16 = std::array<double, 16>;
+
+Matrix16 flat(const FrameMatrix& matrix) {
+    Matrix16 values{};
+    for (int i = 0; i < 16; ++i) values[static_cast<size_t>(i)] = matrix[static_cast<size_t>(i / 4)][static_cast<size_t>(i % 4)];
+    return values;
+}
+
+// The plug-in started in this process through its entry point, on a session
+// of its own, in a working directory of its own.
+class PluginInProcess : public ::testing::Test {
+protected:
+    void SetUp() override {
+        previous_ = fs::current_path();
+        directory_ = fs::temp_directory_path() / ("vantrel_animation_export_" + std::to_string(::getpid()));
+        fs::remove_all(directory_);
+        fs::create_directories(directory_);
+        fs::current_path(directory_);
+        activation_ = std::make_unique<host::SessionActivation>(session);
+        auto table = host::hostFunctionTable();
+        ProWchar errorText[256] = {};
+        ASSERT_EQ(user_initialize_plus(0, nullptr, "3.0", "M010", 0, errorText, directory_.c_str(), "", "",
+                                       host::applicationContext, 0, table.data(), static_cast<int>(table.size()), 6),
+                  0);
+    }
+    void TearDown() override {
+        user_terminate_plus();
+        activation_.reset();
+        fs::current_path(previous_);
+        fs::remove_all(directory_);
+    }
+
+    // One export of the current model into a scene file, read back.
+    scenereader::Document run() {
+        VantrelPlugin& plugin = *VantrelPlugin::instance();
+        ProMdl model = nullptr;
+        ProMdlCurrentGet(&model);
+        fs::path file = directory_ / "scene.vnz";
+        {
+            nvx::LightFileFactory factory(file.string());
+            nvx::nvxSceneapi_oo layer(factory);
+            RunContext context(plugin, ExportRoad::File, layer, 1.0f);
+            RepresentationItems items;
+            ComponentVisitData visitData;
+            visitData.representationItems = &items;
+            layer.begin_group("top");
+            exportModel(context, model, PRO_MODE_ASSEMBLY, visitData, "top");
+            layer.end_group();
+        }
+        return scenereader::readSceneFile(file.string());
+    }
+
+    host::Session session;
+
+private:
+    fs::path previous_, directory_;
+    std::unique_ptr<host::SessionActivation> activation_;
+};
+
+class AnimationExport : public PluginInProcess {
+protected:
+    void SetUp() override {
+        PluginInProcess::SetUp();
+        // rig: frame [bolt 21 at x 1, bolt 22 at x 2], cover 12, mesh 13 (facets only).
+        host::Model& bolt = session.addModel(part(u"bolt", 1));
+        host::Model& cover = session.addModel(part(u"cover", 1));
+        host::Model& mesh = session.addModel(part(u"mesh", 0));
+        addFacetSet(mesh, 2);
+        host::Model& frame = session.addModel(assembly(u"frame"));
+        addComponent(frame, &bolt, 21, translation(1, 0, 0));
+        addComponent(frame, &bolt, 22, translation(2, 0, 0));
+        host::Model& rig = session.addModel(assembly(u"rig"));
+        addComponent(rig, &frame, 11);
+        addComponent(rig, &cover, 12);
+        addComponent(rig, &mesh, 13);
+        session.setCurrentModel(&rig);
+        session.setMode(PRO_MODE_ASSEMBLY);
+    }
+};
+
+// The animation block of a node, which must stand just before its transform
+// at the end of the node; null if the node has none.
+const Block* animationOf(const Block& node) {
+    const Block* animation = node.child("animation");
+    if (!animation) return nullptr;
+    size_t count = node.items.size();
+    EXPECT_GE(count, 2u);
+    EXPECT_EQ(std::get_if<Block>(&node.items[count - 2]), animation) << describeBlock(node);
+    const auto* transform = std::get_if<scenereader::Statement>(&node.items[count - 1]);
+    EXPECT_TRUE(transform && transform->name == "transform") << describeBlock(node);
+    return animation;
+}
+
+TEST_F(AnimationExport, MovingNodesCarryTheirFramesTimesTheInverseOfTheirPlacement) {
+    VantrelPlugin& plugin = *VantrelPlugin::instance();
+    plugin.animationFrames[pathOf({11})] = {translated(0, 0, 0), translated(0, 3, 0)};
+    plugin.animationFrames[pathOf({11, 21})] = {translated(1, 0, 0), translated(1, 0, 4)};
+    plugin.animationFrames[pathOf({13})] = {translated(0, 0, 0), translated(0, 0, 0), translated(5, 0, 0)};
+    plugin.animationFrameCount = 2;
+    scenereader::Document scene = run();
+
+    std::vector<std::string> moving;
+    for (const Block* group : scene.root.descendants("group")) {
+        const Block* animation = animationOf(*group);
+        if (!animation) continue;
+        moving.push_back(group->name());
+        EXPECT_EQ(animation->names, (std::vector<std::string>{"fbx_animation", group->name()}));
+    }
+    EXPECT_EQ(moving, (std::vector<std::string>{"frame", "bolt", "mesh"}));
+
+    std::vector<std::string> problems;
+    std::vector<scenereader::Animation> animations = scenereader::readAnimations(scene.root, problems);
+    std::map<std::string, const scenereader::Animation*> byName;
+    for (const scenereader::Animation& animation : animations) byName[animation.name] = &animation;
+    ASSERT_EQ(byName.size(), 3u);
+    EXPECT_EQ(byName["frame"]->matrices, (std::vector<Matrix16>{flat(translated(0, 0, 0)), flat(translated(0, 3, 0))}));
+    EXPECT_EQ(byName["bolt"]->matrices, (std::vector<Matrix16>{flat(translated(0, 0, 0)), flat(translated(0, 0, 4))}));
+    EXPECT_EQ(byName["mesh"]->matrices.size(), 3u);
+    EXPECT_EQ(byName["bolt"]->timestamps, (std::vector<std::int32_t>{0, 40}));
+    EXPECT_EQ(scenereader::checkScene(scene),
+              std::vector<std::string>{"animation \"mesh\" at line " + std::to_string(byName["mesh"]->block->line) +
+                                       ": \"matrices\" holds 3 matrices for the 2 frames of a duration of 0.080000 s"});
+    EXPECT_EQ(plugin.animationFrames.size(), 3u) << "the emission leaves the table alone";
+    EXPECT_TRUE(session.errors().empty());
+}
+
+// A quarter turn of one sub-assembly of a real model, recorded by the host's
+// mechanism and read by the plug-in's reader: only that component moves, and
+// its matrices times its placement give the recorded frames back.
+TEST_F(PluginInProcess, ARecordedTurnOfASubassemblyOfARealModel) {
+    const fs::path model = fs::path(VANTREL_SOURCE_DIR) / ".." / "shared" / "models" / "as1-oc-214-mat.stp";
+    if (!fs::exists(model)) GTEST_SKIP() << "no shared model at " << model << ": the real-model motion is skipped";
+    host::realmodel::LoadedModel loaded = host::realmodel::loadModelIntoSession(session, model.string());
+    std::vector<host::AssemblyComponent> paths = host::listComponentPaths(*loaded.models.top);
+    auto turned = std::find_if(paths.begin(), paths.end(), [&](const host::AssemblyComponent& path) {
+        return std::any_of(paths.begin(), paths.end(), [&](const host::AssemblyComponent& other) {
+            return other.ids.size() > path.ids.size() && std::equal(path.ids.begin(), path.ids.end(), other.ids.begin());
+        });
+    });
+    ASSERT_NE(turned, paths.end()) << "the model has a sub-assembly";
+    host::MotionDescription motion;
+    motion.frames = 10;
+    motion.moves.push_back(host::Move{.kind = host::Move::Kind::Rotate, .path = turned->ids, .axis = 2, .degrees = 90});
+    std::ostringstream file;
+    ASSERT_EQ(host::writeMotionFile(paths, motion, file), "");
+
+    VantrelPlugin& plugin = *VantrelPlugin::instance();
+    readFraFile(file.str(), plugin.animationFrames, plugin.animationFrameCount);
+    ASSERT_EQ(plugin.animationFrames.size(), 1u);
+    const FrameSequence recorded = plugin.animationFrames.begin()->second;
+    scenereader::Document scene = run();
+
+    std::vector<std::string> problems;
+    std::vector<scenereader::Animation> animations = scenereader::readAnimations(scene.root, problems);
+    ASSERT_EQ(animations.size(), 1u) << "one block, for the one moving component";
+    EXPECT_EQ(animations[0].matrices.size(), 10u);
+    EXPECT_EQ(animations[0].timestamps.size(), 10u);
+    EXPECT_EQ(scenereader::checkScene(scene), std::vector<std::string>{});
+    // Each written matrix times the placement gives the recorded frame back,
+    // within the six digits that the scene file prints.
+    const host::Matrix& placement = turned->placement;
+    for (size_t frame : {size_t{0}, size_t{9}}) {
+        const Matrix16& written = animations[0].matrices[frame];
+        for (size_t row = 0; row < 4; ++row) {
+            for (size_t column = 0; column < 4; ++column) {
+                double back = 0;
+                for (size_t k = 0; k < 4; ++k) back += written[row * 4 + k] * placement[k][column];
+                const double expected = recorded[frame][row][column];
+                EXPECT_NEAR(back, expected, 1e-5 * std::max(1.0, std::fabs(expected))) << frame << ": " << row << " " << column;
+            }
+        }
+    }
+}
+
+}  // namespace

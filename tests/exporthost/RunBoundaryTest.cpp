@@ -1,0 +1,69 @@
+// Where a run meets the world: the model's name as every group carries it,
+// and a scene file that can't be completed.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "tests/exporthost/ExportScenario.h"
+#include "tests/support/LocaleScope.h"
+
+namespace exporttest {
+namespace {
+
+using namespace host::fixtures;
+
+using testsupport::LocaleScope;
+
+// A part's name appears on the model's group, on the part's own group and on
+// its objects: all narrow it one way, whatever the system code page holds.
+TEST(RunBoundary, GroupsAndObjectsNameANonAsciiPartAlike) {
+    struct Case {
+        const char* locale;
+        const char* expected;  // the name in the locale's code page
+    };
+    for (const Case& c : {Case{"C", "Zahnrad-"}, Case{"C.UTF-8", "Zahnrad-\xc3\xa4"}}) {
+        LocaleScope locale(c.locale);
+        if (!locale.ok()) {
+            ADD_FAILURE() << "the locale " << c.locale << " is not installed";
+            continue;
+        }
+        ExportScenario run;
+        run.setSetting("includeNURBS", "false");
+        host::Model& gear = run.session.addModel(part(u"Zahnrad-\u00e4", 1));
+        run.open(gear, PRO_MODE_PART);
+        run.pressExport();
+        const scenereader::Document scene = run.readScene();
+        const scenereader::Block& model = topGroup(scene);
+        const scenereader::Block* solid = model.child("group");
+        ASSERT_NE(solid, nullptr);
+        EXPECT_EQ(model.name(), c.expected) << c.locale;
+        EXPECT_EQ(solid->name(), c.expected) << c.locale;
+        const std::vector<const scenereader::Block*> objects = objectsOf(*solid);
+        ASSERT_FALSE(objects.empty());
+        for (const scenereader::Block* object : objects) EXPECT_EQ(object->name(), c.expected) << c.locale;
+    }
+}
+
+// A full disk: the file opens and takes the writes, and its close fails. The
+// run ends there: no finish dialog, no settings saved, the host lives on and
+// the next export works.
+TEST(RunBoundary, AFileThatCantBeClosedEndsTheRunAndTheNextExportWorks) {
+    ExportScenario run;
+    host::Model& plate = run.session.addModel(part(u"PLATE", 2));
+    run.open(plate, PRO_MODE_PART);
+    run.start();
+    run.session.script().chooseFile(u"/dev/full");
+    ::testing::internal::CaptureStderr();
+    EXPECT_EQ(run.press("Vantrel Plugin Export"), 0);
+    const std::string reported = ::testing::internal::GetCapturedStderr();
+    EXPECT_NE(reported.find("Vantrel Plugin Export: could not close file"), std::string::npos) << reported;
+    EXPECT_TRUE(run.session.errors().empty()) << "no finish dialog was shown: " << run.session.errors().messages().front();
+    EXPECT_FALSE(fs::exists(run.path("vantrel_plugin_settings.xml")));
+
+    run.pressExport("after.vnz");
+    EXPECT_EQ(topGroup(run.readScene("after.vnz")).name(), "PLATE");
+    EXPECT_NE(run.settingsFile().find("after.vnz"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace exporttest

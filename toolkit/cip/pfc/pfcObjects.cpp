@@ -1,0 +1,17 @@
+#include "toolkit/cip/pfc/pfcObjects.h"
+
+XOBJECT_DEFINE(pfcModel, "pfcModel::Model", xobject)
+XOBJECT_DEFINE(pfcModel_tk, "pfcModel::Model_tk", pfcModel)
+XOBJECT_DEFINE(pfcModelItem, "pfcModelItem::ModelItem", xobject)
+XOBJECT_DEFINE(pfcModelItem_tk, "pfcModelItem::ModelItem_tk", pfcModelItem)
+XOBJECT_DEFINE(pfcSurface, "pfcGeometry::Surface", pfcModelItem)
+XOBJECT_DEFINE(pfcSurface_tk, "pfcGeometry::Surface_tk", pfcSurface, pfcModelItem_tk)
+XOBJECT_DEFINE(pfcGeneralModelItem_tk, "pfcModelItem::GeneralModelItem_tk", pfcModelItem_tk)
+XOBJECT_DEFINE(pfcComponentPath, "pfcAssembly::ComponentPath", xobject)
+XOBJECT_DEFINE(pfcComponentPath_tk, "pfcAssembly::ComponentPath_tk", pfcComponentPath)
+XOBJECT_DEFINE(pfcColorRGB, "pfcBase::ColorRGB", xobject)
+XOBJECT_DEFINE(wfcAppearance, "wfcAppearance::Appearance", xobject)
+XOBJECT_DEFINE(wfcTexture, "wfcAppearance::Texture", xobject)
+XOBJECT_DEFINE(pfcSelection, "pfcSelect::Selection", xobject)
+XOBJECT_DEFINE(wfcWSelection, "wfcSelect::WSelection", pfcSelection)
+XOBJECT_DEFINE(wfcWSelection_tk, "wfcSelect::WSelection_tk", wfcWSelection)
