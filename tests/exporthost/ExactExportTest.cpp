@@ -151,7 +151,7 @@ TEST(ExactExport, AFailedConversionStillSendsTheMeshesInTheirRowGroups) {
     ExportScenario run;
     host::Model& plate = run.session.addModel(part(u"plate", 2));
     giveExactSquares(plate);
-    plate.exactGeometry = nullptr;
+    run.session.faults().add({"ProPartToProIntfData", 0, nullptr, PRO_TK_GENERAL_ERROR});
     const scenereader::Document scene = exportPart(run, plate);
 
     const Block& solid = *topGroup(scene).child("group");
