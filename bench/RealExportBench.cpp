@@ -5,7 +5,8 @@
 // it (the same share of the part's size), write glTF.
 // Each measurement runs in a child process of its own, so that its peak
 // memory is its own. Prints one line a measurement and the ratio of the
-// times (target: at most 1.5).
+// times (target: at most 1.0). Beside the shared models, an assembly of 30
+// part occurrences that the benchmark writes itself.
 #include <BRepBndLib.hxx>
 #include <BRepMesh_IncrementalMesh.hxx>
 #include <Bnd_Box.hxx>
@@ -25,6 +26,7 @@
 #include <filesystem>
 #include <string>
 
+#include "bench/GeneratedAssembly.h"
 #include "host/cad/ExchangeReaders.h"
 #include "host/cad/XdeDocument.h"
 #include "host/realmodel/ExportJob.h"
@@ -59,8 +61,7 @@ Figures exportThroughPlugin(const std::filesystem::path& model, double quality, 
     request.plugin = VANTREL_PLUGIN_FILE;
     request.workdir = folder;
     request.settings.quality = quality;
-    // The kernel's pipeline writes meshes only; so does this side of the
-    // comparison (nurbs_export_bench measures the exact road).
+    // Meshes against meshes: the kernel's pipeline writes no exact surfaces.
     request.settings.includeNurbs = false;
     const host::realmodel::ExportReport report = host::realmodel::runExport(request);
     Figures figures;
@@ -85,7 +86,7 @@ Figures convertWithKernel(const std::filesystem::path& model, double relativeCho
     figures.relativeChordHeight = relativeChordHeight;
     host::cad::XdeDocument document;
     auto start = Clock::now();
-    host::cad::readStep(model, document);
+    host::cad::readStep(model, document, std::nullopt);
     figures.reading = Seconds(Clock::now() - start).count();
 
     start = Clock::now();
@@ -157,30 +158,39 @@ int main() {
     const std::filesystem::path folder = std::filesystem::temp_directory_path() / "vantrel-real-export-bench";
     std::filesystem::create_directories(folder);
     bool allWithinTarget = true;
-    for (const char* name : {"as1-oc-214-mat.stp", "linkrods.step"}) {
+    const std::filesystem::path generated = folder / "generated-30.step";
+    writeGeneratedAssembly(generated);
+    for (const std::filesystem::path& model :
+         {models / "as1-oc-214-mat.stp", models / "linkrods.step", models / "screw.step", generated}) {
         for (double quality : {0.2, 0.5}) {
-            const std::filesystem::path model = models / name;
-            std::printf("%s at quality %.1f\n", name, quality);
+            std::printf("%s at quality %.1f\n", model.filename().string().c_str(), quality);
+            // The faster of three runs each, alternating, so that a busy
+            // machine weighs on both roads alike.
             Figures ours, kernel;
-            if (!inChild([&] {
-                    Figures figures = exportThroughPlugin(model, quality, folder);
-                    printFigures(figures);
-                    return figures;
-                }, ours))
-                return 1;
-            if (!inChild([&] {
-                    Figures figures = convertWithKernel(model, ours.relativeChordHeight, folder);
-                    printFigures(figures);
-                    return figures;
-                }, kernel))
-                return 1;
+            for (int run = 0; run < 3; ++run) {
+                Figures oursNow, kernelNow;
+                if (!inChild([&] {
+                        Figures figures = exportThroughPlugin(model, quality, folder);
+                        printFigures(figures);
+                        return figures;
+                    }, oursNow))
+                    return 1;
+                if (!inChild([&] {
+                        Figures figures = convertWithKernel(model, oursNow.relativeChordHeight, folder);
+                        printFigures(figures);
+                        return figures;
+                    }, kernelNow))
+                    return 1;
+                if (run == 0 || oursNow.total() < ours.total()) ours = oursNow;
+                if (run == 0 || kernelNow.total() < kernel.total()) kernel = kernelNow;
+            }
             const double ratio = ours.total() / kernel.total();
-            allWithinTarget = allWithinTarget && ratio <= 1.5;
+            allWithinTarget = allWithinTarget && ratio <= 1.0;
             std::printf("  chord height %.3g of each part's size; our export takes %.2f times the kernel's pipeline\n",
                         ours.relativeChordHeight, ratio);
         }
     }
     std::filesystem::remove_all(folder);
-    std::printf(allWithinTarget ? "all within the target of 1.5\n" : "over the target of 1.5\n");
+    std::printf(allWithinTarget ? "all within the target of 1.0\n" : "over the target of 1.0\n");
     return 0;
 }

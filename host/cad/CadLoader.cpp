@@ -22,8 +22,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-using DocumentReader = ReadResult (*)(const fs::path&, XdeDocument&);
-
 std::string quoted(const fs::path& path) {
     return "'" + path.string() + "'";
 }
@@ -43,11 +41,14 @@ std::string lowerExtension(const fs::path& path) {
     return extension;
 }
 
-CadModel loadDocument(const fs::path& path, DocumentReader read) {
+template <typename Read>
+CadModel loadDocument(const fs::path& path, Read read) {
     XdeDocument document;
     ReadResult result = read(path, document);
     CadModel model = describeDocument(document.get(), ModelSource{path, result.unitName});
     model.warnings.insert(model.warnings.begin(), result.warnings.begin(), result.warnings.end());
+    model.nameCodePage = result.codePage;
+    addTessellatedSets(std::move(result.tessellated), model);
     return model;
 }
 
@@ -77,9 +78,13 @@ CadModel loadStl(const fs::path& path) {
                       std::make_shared<CadShapes>());
 }
 
-CadModel loadByExtension(const fs::path& path) {
+CadModel loadByExtension(const fs::path& path, const LoadOptions& options) {
     const std::string extension = lowerExtension(path);
-    if (extension == ".step" || extension == ".stp") return loadDocument(path, readStep);
+    if (extension == ".step" || extension == ".stp") {
+        return loadDocument(path, [&options](const fs::path& file, XdeDocument& document) {
+            return readStep(file, document, options.stepCodePage);
+        });
+    }
     if (extension == ".iges" || extension == ".igs") return loadDocument(path, readIges);
     if (extension == ".obj") return loadDocument(path, readObj);
     if (extension == ".brep" || extension == ".brp") return loadBrep(path);
@@ -107,12 +112,12 @@ CadModel withKernelMessages(Load load) {
 
 }  // namespace
 
-CadModel loadCadModel(const std::string& path) {
+CadModel loadCadModel(const std::string& path, const LoadOptions& options) {
     const fs::path absolute = fs::absolute(path).lexically_normal();
     checkReadable(absolute);
     quietKernelMessages();
     takeKernelMessages();
-    CadModel model = withKernelMessages([&] { return loadByExtension(absolute); });
+    CadModel model = withKernelMessages([&] { return loadByExtension(absolute, options); });
     if (!hasGeometry(model)) throw CadLoadError("CAD model file " + quoted(absolute) + " holds no geometry");
     return model;
 }

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "host/cad/StepCodePage.h"
 #include "host/geometry/RowMatrix.h"
 
 namespace host::cad {
@@ -133,6 +134,7 @@ struct CadModel {
     NodeRef top;
     std::vector<std::string> warnings;  // what was left out while loading, and why
     std::shared_ptr<CadShapes> shapes;
+    std::optional<StepCodePage> nameCodePage;  // a STEP file's: how its names were decoded
 };
 
 // A file that can't be turned into a model: the message names the file.

@@ -16,8 +16,16 @@ class CadShapes {
 public:
     int addFace(const TopoDS_Face& face) {
         faces_.push_back(face);
+        partOfFace_.emplace_back(static_cast<int>(faces_.size()) - 1, static_cast<int>(faces_.size()));
         return static_cast<int>(faces_.size()) - 1;
     }
+    int faceCount() const { return static_cast<int>(faces_.size()); }
+    // The faces added since `firstFace` make one part: they are meshed together.
+    void closePart(int firstFace) {
+        for (int i = firstFace; i < faceCount(); ++i) partOfFace_[i] = {firstFace, faceCount()};
+    }
+    // The faces of the part that holds face `index`: [first, last).
+    std::pair<int, int> partOf(int index) const { return partOfFace_.at(index); }
     int addEdge(const TopoDS_Edge& edge) {
         edges_.push_back(edge);
         return static_cast<int>(edges_.size()) - 1;
@@ -37,6 +45,7 @@ public:
 
 private:
     std::vector<TopoDS_Face> faces_;
+    std::vector<std::pair<int, int>> partOfFace_;
     std::vector<TopoDS_Edge> edges_;
     std::map<std::pair<int, double>, TessellationResult> tessellations_;
 };

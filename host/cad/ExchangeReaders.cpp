@@ -2,6 +2,7 @@
 
 #include <IGESCAFControl_Reader.hxx>
 #include <IGESData_IGESModel.hxx>
+#include <Interface_Static.hxx>
 #include <RWObj_CafReader.hxx>
 #include <STEPCAFControl_Reader.hxx>
 #include <STEPControl_Reader.hxx>
@@ -36,7 +37,13 @@ ReadResult keepFileUnit(const std::string& spelling, XdeDocument& document) {
 
 }  // namespace
 
-ReadResult readStep(const std::filesystem::path& path, XdeDocument& document) {
+ReadResult readStep(const std::filesystem::path& path, XdeDocument& document,
+                    const std::optional<StepCodePage>& codePage) {
+    const StepCodePage names = codePage ? *codePage : detectStepCodePage(path);
+    // The reader takes its code page from this setting when it makes the file's model.
+    if (!Interface_Static::SetCVal("read.step.codepage", names.kernelName.c_str())) {
+        throw CadLoadError("the kernel's STEP reader doesn't know the code page " + names.displayName);
+    }
     STEPCAFControl_Reader reader;
     reader.SetColorMode(Standard_True);
     reader.SetNameMode(Standard_True);
@@ -46,8 +53,11 @@ ReadResult readStep(const std::filesystem::path& path, XdeDocument& document) {
     TColStd_SequenceOfAsciiString lengthUnits, angleUnits, solidAngleUnits;
     reader.ChangeReader().FileUnits(lengthUnits, angleUnits, solidAngleUnits);
     ReadResult result = keepFileUnit(lengthUnits.IsEmpty() ? "" : lengthUnits.First().ToCString(), document);
+    result.tessellated = readTessellatedItems(reader.ChangeReader().StepModel(), path);
     Handle(TDocStd_Document) target = document.get();
-    if (!reader.Transfer(target)) throw unreadable("STEP", path);
+    // A file of mesh-only items has nothing that the kernel transfers.
+    if (!reader.Transfer(target) && result.tessellated.sets.empty()) throw unreadable("STEP", path);
+    result.codePage = names;
     return result;
 }
 
@@ -71,7 +81,9 @@ ReadResult readObj(const std::filesystem::path& path, XdeDocument& document) {
     RWObj_CafReader reader;
     reader.SetDocument(document.get());
     if (!reader.Perform(path.string().c_str(), Message_ProgressRange())) throw unreadable("OBJ", path);
-    return ReadResult{millimetreUnit().name, {}};
+    ReadResult result;
+    result.unitName = millimetreUnit().name;
+    return result;
 }
 
 }  // namespace host::cad

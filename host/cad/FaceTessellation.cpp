@@ -5,13 +5,16 @@
 #include <BRepBuilderAPI_Copy.hxx>
 #include <BRepLProp_SLProps.hxx>
 #include <BRepMesh_IncrementalMesh.hxx>
+#include <BRep_Builder.hxx>
 #include <BRep_Tool.hxx>
 #include <Bnd_Box.hxx>
 #include <IMeshTools_Parameters.hxx>
+#include <OSD_Parallel.hxx>
 #include <Poly_Triangulation.hxx>
 #include <Precision.hxx>
 #include <Standard_Failure.hxx>
 #include <TopoDS.hxx>
+#include <TopoDS_Compound.hxx>
 
 #include <cmath>
 #include <exception>
@@ -110,9 +113,62 @@ FaceTessellation collect(const TopoDS_Face& used, const TopoDS_Face& copy, const
     return result;
 }
 
+TopoDS_Face bareFace(const TopoDS_Face& used) {
+    return TopoDS::Face(used.Located(TopLoc_Location()).Oriented(TopAbs_FORWARD));
+}
+
+bool fineEnough(const TopoDS_Face& bare, double chordHeight) {
+    return chordHeight >= faceSize(bare) * finestRelativeChordHeight;
+}
+
+// Meshes every face of the part in [first, last) that has no mesh at this
+// chord height yet, all at once with the mesher's parallel run on a copy of
+// them: edges that faces share are divided once, and faces are meshed side by
+// side. Faces that give no triangles here are left to be meshed alone, which
+// says why.
+void meshPart(CadShapes& shapes, int first, int last, double chordHeight) {
+    std::vector<int> indexes;
+    TopoDS_Compound bare;
+    BRep_Builder builder;
+    builder.MakeCompound(bare);
+    for (int i = first; i < last; ++i) {
+        if (shapes.findTessellation(i, chordHeight)) continue;
+        const TopoDS_Face face = bareFace(shapes.face(i));
+        if (!fineEnough(face, chordHeight)) continue;
+        builder.Add(bare, face);
+        indexes.push_back(i);
+    }
+    if (indexes.size() < 2) return;
+    try {
+        BRepBuilderAPI_Copy copier(bare, Standard_False, Standard_False);
+        IMeshTools_Parameters parameters;
+        parameters.Deflection = chordHeight;
+        parameters.Angle = meshAngle;
+        parameters.Relative = Standard_False;
+        parameters.InParallel = Standard_True;
+        BRepMesh_IncrementalMesh mesher(copier.Shape(), parameters);
+        // The faces' vertices, normals and parameters are gathered side by
+        // side as well; each works on its own face and result.
+        std::vector<std::shared_ptr<FaceTessellation>> results(indexes.size());
+        OSD_Parallel::For(0, static_cast<int>(indexes.size()), [&](int k) {
+            const TopoDS_Face& used = shapes.face(indexes[k]);
+            const TopoDS_Face copy = TopoDS::Face(copier.ModifiedShape(bareFace(used)));
+            TopLoc_Location meshLocation;
+            const Handle(Poly_Triangulation) mesh = BRep_Tool::Triangulation(copy, meshLocation);
+            if (mesh.IsNull() || mesh->NbTriangles() == 0) return;
+            results[k] = std::make_shared<FaceTessellation>(collect(used, copy, *mesh, meshLocation.Transformation()));
+        });
+        for (size_t k = 0; k < indexes.size(); ++k) {
+            if (results[k]) shapes.keepTessellation(indexes[k], chordHeight, TessellationResult{results[k], {}});
+        }
+    } catch (const Standard_Failure&) {
+        // Each face is then meshed alone, which names what failed.
+    }
+}
+
 TessellationResult meshFace(const TopoDS_Face& used, int faceId, double chordHeight) {
     std::ostringstream why;
-    const TopoDS_Face bare = TopoDS::Face(used.Located(TopLoc_Location()).Oriented(TopAbs_FORWARD));
+    const TopoDS_Face bare = bareFace(used);
     const double size = faceSize(bare);
     if (chordHeight < size * finestRelativeChordHeight) {
         why << "chord height " << chordHeight << " is too fine for face " << faceId << " of size " << size;
@@ -148,6 +204,9 @@ TessellationResult tessellateFace(const CadModel& model, const CadFace& face, do
         return failed(why.str());
     }
     CadShapes& shapes = *model.shapes;
+    if (const TessellationResult* known = shapes.findTessellation(face.shapeIndex, chordHeight)) return *known;
+    const auto [first, last] = shapes.partOf(face.shapeIndex);
+    meshPart(shapes, first, last, chordHeight);
     if (const TessellationResult* known = shapes.findTessellation(face.shapeIndex, chordHeight)) return *known;
     return shapes.keepTessellation(face.shapeIndex, chordHeight,
                                    meshFace(shapes.face(face.shapeIndex), face.id, chordHeight));

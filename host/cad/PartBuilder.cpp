@@ -147,7 +147,9 @@ CadPart buildPart(const std::string& name, const TopoDS_Shape& shape, std::optio
     if (shape.IsNull()) return part;
     PartWalk walk;
     TopExp::MapShapes(shape, TopAbs_FACE, walk.faceMap);
+    const int firstFace = shapes.faceCount();
     std::optional<CadAppearance> meshAppearance = addFaces(walk, pieces, part, shapes);
+    shapes.closePart(firstFace);
     addEdges(shape, walk, part, shapes);
     addQuilts(shape, walk, part);
     addFaceContours(part, shapes);

@@ -19,6 +19,7 @@ int runExport(const Invocation& invocation) {
     request.plugin = pluginOf(invocation);
     request.workdir = workdirOf(invocation);
     request.settings = invocation.settings;
+    request.loading = invocation.loading;
     prepareKernel();
     realmodel::ProgressLine progress(stderr);
     std::optional<realmodel::ReadingLine> reading;

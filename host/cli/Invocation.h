@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "host/cad/CadLoader.h"
 #include "host/realmodel/ExportSettings.h"
 
 namespace host::cli {
@@ -15,6 +16,7 @@ struct Invocation {
     std::optional<std::filesystem::path> workdir;
     std::optional<std::filesystem::path> output;
     realmodel::ExportSettings settings;
+    cad::LoadOptions loading;
     std::vector<std::string> operands;
 };
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cstdlib>
+#include <optional>
 
 #include "host/realmodel/ExportSettings.h"
 
@@ -27,6 +28,11 @@ int upAxisOf(const std::string& text) {
     return axis;
 }
 
+cad::StepCodePage codePageOf(const std::string& text) {
+    if (std::optional<cad::StepCodePage> codePage = cad::stepCodePageNamed(text)) return *codePage;
+    throw UsageError{"--codepage needs one of " + cad::knownStepCodePages() + ", not \"" + text + "\""};
+}
+
 std::filesystem::path pathOf(std::string_view option, const std::string& text) {
     if (text.empty()) throw UsageError{std::string(option) + " needs a path, not an empty text"};
     return text;
@@ -45,6 +51,9 @@ constexpr Option table[] = {
      [](Invocation& invocation, const std::string&) { invocation.settings.separateMaterials = false; }},
     {"--assembly-materials", "", "", "takes the appearances that the assembly shows",
      [](Invocation& invocation, const std::string&) { invocation.settings.useAssemblyMaterials = true; }},
+    {"--codepage", "", "NAME",
+     "the code page of a STEP file's names (cp1251,\niso8859-5, shift-jis, gb2312, ...); detected\nwhen not given",
+     [](Invocation& invocation, const std::string& value) { invocation.loading.stepCodePage = codePageOf(value); }},
     {"--plugin", "", "PATH", "the plug-in library; by default " VANTREL_PLUGIN_FILE_NAME "\nbeside this program",
      [](Invocation& invocation, const std::string& value) { invocation.plugin = pathOf("--plugin", value); }},
     {"--workdir", "", "DIR",

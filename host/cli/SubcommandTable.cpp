@@ -15,7 +15,7 @@ const Subcommand table[] = {
     {"export", "[options] export MODEL -o OUT.vnz",
      "opens the model file (STEP, IGES, BREP, STL or OBJ), presses\n\"Vantrel Plugin Export\", saves the scene as "
      "OUT.vnz and\nprints a summary of the scene read back from the file",
-     "--output --quality --up --no-nurbs --no-separate-materials --assembly-materials --plugin --workdir",
+     "--output --quality --up --no-nurbs --no-separate-materials --assembly-materials --codepage --plugin --workdir",
      "a model file", runExport},
     {"sample", "sample OUT.step", "writes the bundled sample model (and its mesh part beside it)", "", "OUT.step",
      runSample},

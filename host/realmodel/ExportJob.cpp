@@ -95,6 +95,7 @@ ExportReport exportThrough(const ExportRequest& request, const std::shared_ptr<c
                            TemporaryOutput& output) {
     ExportReport report;
     report.output = output.target();
+    report.nameCodePage = model->nameCodePage;
     {
         WorkingDirectory workdir(request.workdir);
         writeSettingsFile(std::filesystem::current_path(), request.settings);
@@ -129,7 +130,7 @@ ExportReport runExport(const ExportRequest& request) {
     TemporaryOutput output(std::filesystem::absolute(request.output));
     const auto start = Clock::now();
     auto model = std::make_shared<const cad::CadModel>(
-        cad::loadCadModel(std::filesystem::absolute(request.model).string()));
+        cad::loadCadModel(std::filesystem::absolute(request.model).string(), request.loading));
     const auto loading = Clock::now() - start;
     if (request.modelRead) request.modelRead();
     ExportReport report = exportThrough(request, model, output);
@@ -152,6 +153,10 @@ std::string describeReport(const ExportReport& report) {
                   report.times.loading.count() + report.times.exporting.count(), report.times.loading.count(),
                   report.times.meshing.count());
     text << figures;
+    // Said only where it matters: names beyond ASCII, or a code page the user named.
+    if (const auto& codePage = report.nameCodePage; codePage && (codePage->eightBitNames || !codePage->detected)) {
+        text << "; names read as " << codePage->displayName << (codePage->detected ? " (detected)" : "");
+    }
     return text.str();
 }
 

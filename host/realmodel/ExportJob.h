@@ -8,10 +8,12 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "host/cad/CadLoader.h"
 #include "host/cad/CadModel.h"
 #include "host/realmodel/ExportSettings.h"
 #include "scenereader/SceneChecks.h"
@@ -25,6 +27,7 @@ struct ExportRequest {
     // The folder of the plug-in's settings file; empty: the current directory.
     std::filesystem::path workdir;
     ExportSettings settings;
+    cad::LoadOptions loading;
     // Told after each surface is meshed: surfaces done and in all.
     std::function<void(std::size_t done, std::size_t total)> progress;
     // Told when the model file has been read, before the plug-in runs.
@@ -51,6 +54,7 @@ struct ExportReport {
     double chordHeight = 0.0;
     double relativeChordHeight = 0.0;
     ExportTimes times;
+    std::optional<cad::StepCodePage> nameCodePage;  // how a STEP file's names were decoded
 };
 
 // A model or a run that gives no sound scene: the message says why.

@@ -65,13 +65,17 @@ TEST(AssemblyExport, TreeOfGroupsWithRelativeTransformsAndTheLeftOutSubtrees) {
     host::Model& cover = session.addModel(part(u"cover", 1));
     host::Model& shield = session.addModel(part(u"shield", 1));
     host::Model& wheel = session.addModel(assembly(u"wheel"));
-    addComponent(wheel, &hub, 31, rotationZ(90));
+    host::Matrix hubPlacement = rotationZ(90);
+    hubPlacement[3] = {1, 0, 0, 1};
+    addComponent(wheel, &hub, 31, hubPlacement);
     addComponent(wheel, &nut, 32).status = PRO_FEAT_SUPPRESSED;
     host::Model& frame = session.addModel(part(u"frame", 1));
     frame.type = PRO_MDL_ASSEMBLY;  // a sub-assembly with surfaces of its own
     addComponent(frame, &bolt, 21, translation(1, 0, 0));
     addComponent(frame, &bolt, 22, translation(2, 0, 0));
-    addComponent(frame, &wheel, 23, translation(0, 5, 0));
+    host::Matrix wheelPlacement = rotationX(90);
+    wheelPlacement[3] = {0, 5, 0, 1};
+    addComponent(frame, &wheel, 23, wheelPlacement);
     host::Model& panel = session.addModel(assembly(u"panel"));
     addComponent(panel, &bolt, 41);
     host::Model& rig = session.addModel(assembly(u"rig"));
@@ -97,9 +101,17 @@ TEST(AssemblyExport, TreeOfGroupsWithRelativeTransformsAndTheLeftOutSubtrees) {
     std::vector<double> frameTransform = transformOf(frameGroup);
     EXPECT_EQ(std::vector<double>(frameTransform.begin() + 12, frameTransform.end()),
               (std::vector<double>{0, 0, 10, 1}));
-    std::vector<double> hubTransform = transformOf(*groupNamed(*groupNamed(frameGroup, "wheel"), "hub"));
-    EXPECT_NEAR(hubTransform[1], 1.0, 1e-6) << "the hub's rotation stays with the hub";
-    EXPECT_NEAR(hubTransform[4], -1.0, 1e-6);
+    // A turned and moved part in a turned and moved sub-assembly: each group
+    // holds its own placement, whole.
+    const Block& wheelGroup = *groupNamed(frameGroup, "wheel");
+    const std::pair<const Block*, std::vector<double>> placements[] = {
+        {&wheelGroup, {1, 0, 0, 0, 0, 0, 1, 0, 0, -1, 0, 0, 0, 5, 0, 1}},
+        {groupNamed(wheelGroup, "hub"), {0, 1, 0, 0, -1, 0, 0, 0, 0, 0, 1, 0, 1, 0, 0, 1}}};
+    for (const auto& [group, expected] : placements) {
+        std::vector<double> actual = transformOf(*group);
+        ASSERT_EQ(actual.size(), 16u) << group->name();
+        for (size_t i = 0; i < 16; ++i) EXPECT_NEAR(actual[i], expected[i], 1e-6) << group->name() << " at " << i;
+    }
     EXPECT_EQ(transformOf(*groupNamed(model, "frame", 1)), frameTransform)
         << "the sub-assembly's own solid stands beside its group with the same transform";
     EXPECT_TRUE(run.session.errors().empty());

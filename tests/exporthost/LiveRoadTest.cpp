@@ -124,7 +124,7 @@ TEST_F(LiveRoad, UpdateSendsGeometryOnlyForTheChangedPart) {
     EXPECT_EQ(importerOption(scene, "import_snap_to_ground"), "off");
 }
 
-TEST(LiveRoadWithoutRenderer, RenderPrintsFailedAndTheLogSaysWhy) {
+TEST(LiveRoadWithoutRenderer, RenderPrintsFailedUpdateStaysSilentAndTheLogSaysWhy) {
     LiveEnvironment live;
     ExportScenario run;
     host::Model& plate = run.session.addModel(part(u"plate", 1));
@@ -134,7 +134,10 @@ TEST(LiveRoadWithoutRenderer, RenderPrintsFailedAndTheLogSaysWhy) {
         EXPECT_EQ(run.press("Vantrel Plugin Render"), 0);
         EXPECT_EQ(testing::internal::GetCapturedStdout(), "Failed");
     }
-    EXPECT_EQ(run.session.tessellationRequests().size(), 0u);
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(run.press("Vantrel Plugin Update"), 0);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "") << "an Update without a renderer stays silent";
+    EXPECT_EQ(run.session.tessellationRequests().size(), 0u) << "no scene, no geometry";
     std::string log = livetest::readFile(live.temporary / "sceneapi.log");
     const std::string lines[] = {" DEBUG4:  nvxVantrelLiveLoader :: initialize()\n",
                                  " DEBUG4:  initialize shared handle: 0\n", " WARNING:  NO shared handle\n"};

@@ -16,12 +16,6 @@ using namespace host::fixtures;
 using scenereader::Block;
 
 
-double chordFor(double diagonal, double quality) {
-    double coarse = diagonal * 0.01 * 0.05, fine = diagonal * 0.01 * 0.00001;
-    double t = quality < 0.000001 ? 0.0 : std::log(quality) * 0.2 + 1.0;
-    return coarse - t * (coarse - fine);
-}
-
 std::vector<std::string> namesOf(const std::vector<const Block*>& blocks) {
     std::vector<std::string> names;
     for (const Block* block : blocks) names.push_back(block->name());
@@ -54,9 +48,11 @@ TEST(PartExport, SceneHoldsOptionsCamerasOneMeshPerAppearanceAndMaterials) {
     host::Model& bracket = run.session.addModel(part(u"BRACKET", 3));
     bracket.surfaces[0].appearance = appearance(u"steel", {0.5, 0.5, 0.5}, 1.0, u"Steel");
     bracket.surfaces[1].appearance = appearance(u"steel", {0.5, 0.5, 0.5}, 1.0, u"Steel");
-    bracket.surfaces[2].appearance = appearance(u"paint", {1.0, 0.0, 0.0}, 1.0, u"Paint");
+    bracket.surfaces[2].appearance = appearance(u"paint", {1.0, 0.6, 0.2}, 1.0, u"Paint");
+    // Views carry the user's pan and zoom: a translation, and a scale of 2 in the current view.
+    bracket.currentView = {{{0, 2, 0, 0}, {-2, 0, 0, 0}, {0, 0, 2, 0}, {10, 20, 30, 1}}};
     addView(bracket, u"FRONT", host::identityMatrix());
-    addView(bracket, u"TOP", rotationX(90));
+    addView(bracket, u"TOP", {{{1, 0, 0, 0}, {0, 0, 1, 0}, {0, -1, 0, 0}, {-4, 6, 8, 1}}});
     run.open(bracket, PRO_MODE_PART);
     run.pressExport();
 
@@ -77,6 +73,13 @@ TEST(PartExport, SceneHoldsOptionsCamerasOneMeshPerAppearanceAndMaterials) {
     const Block& current = *model.child("camera");
     EXPECT_EQ(current.statement("projection")->values.front().text, "orthographic");
     EXPECT_EQ(current.statement("position")->numbers(), (std::vector<double>{0, 0, 2000}));
+    // Each camera holds the inverse of its view's rotation and scale, without the translation.
+    const std::vector<std::vector<double>> orientations = {
+        {0, -0.5, 0, 0, 0.5, 0, 0, 0, 0, 0, 0.5, 0, 0, 0, 0, 1},
+        {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1},
+        {1, 0, 0, 0, 0, 0, -1, 0, 0, 1, 0, 0, 0, 0, 0, 1}};
+    for (size_t i = 0; i < orientations.size(); ++i)
+        EXPECT_EQ(model.children("camera")[i]->statement("transform")->numbers(), orientations[i]) << "camera " << i;
 
     const Block& solid = solidGroup(scene);
     EXPECT_EQ(solid.name(), "BRACKET");
@@ -87,7 +90,7 @@ TEST(PartExport, SceneHoldsOptionsCamerasOneMeshPerAppearanceAndMaterials) {
     std::vector<const Block*> objects = solid.children("object");
     ASSERT_EQ(objects.size(), 2u) << "one mesh per appearance";
     EXPECT_EQ(objects[0]->name(), "BRACKET");
-    // Grey sorts before red: the steel mesh of two squares comes first.
+    // Less red sorts first: the steel mesh of two squares comes first.
     const Block& steel = geometryOf(*objects[0]);
     EXPECT_EQ(steel.name(), "triangles");
     EXPECT_EQ(floatsOf(steel, "vertices").size(), 24u);
@@ -97,7 +100,11 @@ TEST(PartExport, SceneHoldsOptionsCamerasOneMeshPerAppearanceAndMaterials) {
     ASSERT_EQ(triangles.size(), 12u);
     for (size_t i = 0; i < 6; ++i) EXPECT_EQ(triangles[i + 6], triangles[i] + 4) << "the second square's base is 4";
     EXPECT_EQ(floatsOf(geometryOf(*objects[1]), "vertices").size(), 12u);
-    EXPECT_EQ(materialKeys(solid), (std::vector<std::string>{"bracket:steel:128:128:128", "bracket:paint:255:0:0"}));
+    EXPECT_EQ(materialKeys(solid), (std::vector<std::string>{"bracket:steel:128:128:128", "bracket:paint:255:153:51"}));
+    const Block& paintShader = *solid.descendants("material")[1]->statement("surface")->shader();
+    std::vector<double> diffuse = paintShader.statement("diffuse")->numbers();
+    ASSERT_EQ(diffuse.size(), 3u);
+    for (size_t i = 0; i < 3; ++i) EXPECT_NEAR(diffuse[i], (std::array<double, 3>{1.0, 0.6, 0.2})[i], 1e-6);
 
     ASSERT_EQ(run.session.dialogs().history().size(), 1u);
     const host::ShownDialog& finished = run.session.dialogs().history().front();
@@ -111,43 +118,43 @@ TEST(PartExport, SceneHoldsOptionsCamerasOneMeshPerAppearanceAndMaterials) {
     EXPECT_EQ(run.session.arrays().outstanding(), 1u) << "only the saved views' names are kept";
 }
 
+// Chord heights of a part whose outline has the diagonal d: coarse is
+// d x 0.0005, fine d x 0.0000001, and quality q takes t = 1 + 0.2 ln q of the
+// way from coarse to fine.
 TEST(PartExport, ChordHeightFollowsTheQualitySetting) {
-    for (double quality : {1.0, 0.0, 0.2}) {
-        SCOPED_TRACE(quality);
+    // One unit square: d = sqrt 2.
+    for (auto [quality, chord] : {std::pair{"1", 1.4142136e-7}, {"0.2", 2.2770479e-4}}) {
         ExportScenario run;
-        run.setSetting("tessellationQuality", std::to_string(quality));
+        run.setSetting("tessellationQuality", quality);
         host::Model& plate = run.session.addModel(part(u"plate", 1));
         run.open(plate, PRO_MODE_PART);
         run.pressExport();
         const auto& requests = run.session.tessellationRequests();
         ASSERT_EQ(requests.size(), 1u);
-        EXPECT_NEAR(requests[0].chordHeight, chordFor(std::sqrt(2.0), quality), 1e-12);
+        EXPECT_NEAR(requests[0].chordHeight, chord, 1e-11) << quality;
     }
 }
 
 TEST(PartExport, RetryLadderClimbsThenDescends) {
-    const double diagonal = std::sqrt(5.0);  // two squares side by side
-    auto heights = [](ExportScenario& run) {
-        std::vector<double> chords;
-        for (const auto& request : run.session.tessellationRequests())
-            chords.push_back(request.chordHeight);
-        return chords;
-    };
-    auto expectHeights = [&](const std::vector<double>& actual, std::vector<double> qualities) {
-        ASSERT_EQ(actual.size(), qualities.size());
-        for (size_t i = 0; i < actual.size(); ++i)
-            EXPECT_NEAR(actual[i], chordFor(diagonal, qualities[i]), 1e-12) << "request " << i;
+    // Two squares side by side: d = sqrt 5. Chord heights by quality:
+    const double q02 = 3.6003289e-4, q03 = 2.6938627e-4, q035 = 2.3492402e-4, q04 = 2.0507147e-4;
+    const double q08 = 5.0110042e-5, q085 = 3.6556676e-5, q09 = 2.3778222e-5, q10 = 2.2360680e-7;
+    auto expectHeights = [](ExportScenario& run, const std::vector<double>& expected) {
+        const auto& requests = run.session.tessellationRequests();
+        ASSERT_GE(requests.size(), expected.size());
+        for (size_t i = 0; i < expected.size(); ++i)
+            EXPECT_NEAR(requests[i].chordHeight, expected[i], 1e-11) << "request " << i;
     };
     {
         // Refuses the coarse chord heights of 0.2 and 0.3; the next surface
         // starts again from the setting.
         ExportScenario run;
         host::Model& plate = run.session.addModel(part(u"plate", 2));
-        testSurface(plate.surfaces[0])
-            .failAbove(chordFor(diagonal, 0.35));
+        testSurface(plate.surfaces[0]).failAbove(q035);
         run.open(plate, PRO_MODE_PART);
         run.pressExport();
-        expectHeights(heights(run), {0.2, 0.3, 0.4, 0.2});
+        EXPECT_EQ(run.session.tessellationRequests().size(), 4u);
+        expectHeights(run, {q02, q03, q04, q02});
         EXPECT_EQ(floatsOf(geometryOf(*objectsOf(solidGroup(run.readScene())).at(0)), "vertices").size(), 24u);
     }
     {
@@ -156,13 +163,10 @@ TEST(PartExport, RetryLadderClimbsThenDescends) {
         ExportScenario run;
         run.setSetting("tessellationQuality", "0.9");
         host::Model& plate = run.session.addModel(part(u"plate", 2));
-        testSurface(plate.surfaces[0])
-            .failBelow(chordFor(diagonal, 0.85));
+        testSurface(plate.surfaces[0]).failBelow(q085);
         run.open(plate, PRO_MODE_PART);
         run.pressExport();
-        std::vector<double> actual = heights(run);
-        actual.pop_back();  // the second surface
-        expectHeights(actual, {0.9, 1.0, 0.9, 0.8});
+        expectHeights(run, {q09, q10, q09, q08});
     }
 }
 
@@ -277,17 +281,6 @@ TEST(PartExport, FacetSetIsOneFlatMeshWithoutUv) {
         << "no appearance of its own: the host's answer for no item";
 }
 
-TEST(PartExport, MeterScaleFromTheUnitName) {
-    for (auto [unit, scale] : {std::pair{u"mm", "1000"}, {u"MM", "1"}, {u"km", "1"}, {u"in", "39.3701"}}) {
-        ExportScenario run;
-        host::Model& plate = run.session.addModel(part(u"plate", 1));
-        plate.lengthUnit = unit;
-        run.open(plate, PRO_MODE_PART);
-        run.pressExport();
-        EXPECT_EQ(importerOption(run.readScene(), "meter_scale"), scale);
-    }
-}
-
 TEST(PartExport, RepresentationChoice) {
     auto assemblyRun = [](ExportScenario& run, int representations) -> host::Model& {
         host::Model& bolt = run.session.addModel(part(u"bolt", 1));
@@ -367,19 +360,6 @@ TEST(PartExport, FileDialogOffersTheLastPathWithinItsBuffers) {
         EXPECT_EQ(run.session.fileDialogs()[0].defaultName, offered.second);
         EXPECT_TRUE(fs::exists(run.path("scene.vnz"))) << "the run goes on";
     }
-}
-
-TEST(LiveRoads, RenderReportsTheMissingLinkAndUpdateStaysSilent) {
-    ExportScenario run;
-    host::Model& plate = run.session.addModel(part(u"plate", 1));
-    run.open(plate, PRO_MODE_PART);
-    ::testing::internal::CaptureStdout();
-    EXPECT_EQ(run.press("Vantrel Plugin Render"), 0);
-    EXPECT_EQ(::testing::internal::GetCapturedStdout(), "Failed");
-    ::testing::internal::CaptureStdout();
-    EXPECT_EQ(run.press("Vantrel Plugin Update"), 0);
-    EXPECT_EQ(::testing::internal::GetCapturedStdout(), "");
-    EXPECT_EQ(run.session.tessellationRequests().size(), 0u) << "no scene, no geometry";
 }
 
 }  // namespace

@@ -2,11 +2,17 @@
 
 #include <gtest/gtest.h>
 
+#include <BRepPrimAPI_MakeBox.hxx>
+#include <iconv.h>
+
+#include <fstream>
+#include <iterator>
 #include <random>
 #include <stdexcept>
 
 #include "host/cad/CadShapes.h"
 #include "host/cad/PartBuilder.h"
+#include "host/cad/XdeDocumentBuilder.h"
 
 namespace host::cad::testing {
 
@@ -79,6 +85,52 @@ std::array<double, 3> centroidOf(const FaceTessellation& mesh, int triangle) {
         for (int i = 0; i < 3; ++i) sum[i] += corner[i] / 3.0;
     }
     return sum;
+}
+
+namespace {
+
+// `text` in another code page, through the C library's converter.
+std::string encoded(const std::string& text, const char* codePage) {
+    iconv_t converter = iconv_open(codePage, "UTF-8");
+    if (converter == reinterpret_cast<iconv_t>(-1)) throw std::runtime_error(std::string("no converter to ") + codePage);
+    std::string input = text;
+    std::string output(text.size() * 4, '\0');
+    char* in = input.data();
+    char* out = output.data();
+    size_t inLeft = input.size();
+    size_t outLeft = output.size();
+    const size_t converted = iconv(converter, &in, &inLeft, &out, &outLeft);
+    iconv_close(converter);
+    if (converted == static_cast<size_t>(-1)) throw std::runtime_error("'" + text + "' doesn't fit " + codePage);
+    output.resize(output.size() - outLeft);
+    return output;
+}
+
+}  // namespace
+
+// The kernel writes names as the file's own escapes; placeholders written
+// first are replaced by the raw bytes afterwards, as a legacy CAD system writes them.
+void writeStepNamingParts(const std::string& path, const std::vector<std::string>& names, const char* codePage) {
+    XdeDocumentBuilder builder;
+    const TDF_Label top = builder.addAssembly("TOP");
+    for (size_t i = 0; i < names.size(); ++i) {
+        const TDF_Label part = builder.addPart("PLACEHOLDER" + std::to_string(i), BRepPrimAPI_MakeBox(1, 1, 1).Shape());
+        builder.addComponent(top, part, gp_Trsf());
+    }
+    builder.writeStep(path, "mm");
+    std::string text;
+    {
+        std::ifstream written(path, std::ios::binary);
+        text.assign(std::istreambuf_iterator<char>(written), std::istreambuf_iterator<char>());
+    }
+    for (size_t i = names.size(); i-- > 0;) {
+        const std::string placeholder = "PLACEHOLDER" + std::to_string(i);
+        const std::string bytes = encoded(names[i], codePage);
+        for (size_t at = text.find(placeholder); at != std::string::npos; at = text.find(placeholder, at)) {
+            text.replace(at, placeholder.size(), bytes);
+        }
+    }
+    std::ofstream(path, std::ios::binary) << text;
 }
 
 }  // namespace host::cad::testing

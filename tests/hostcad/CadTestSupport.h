@@ -6,6 +6,7 @@
 #include <array>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "host/cad/CadModel.h"
 #include "host/cad/FaceTessellation.h"
@@ -29,6 +30,10 @@ private:
 
 // A model whose top is one part made of `shape`.
 CadModel modelOfShape(const TopoDS_Shape& shape);
+
+// A STEP assembly of boxes named `names`, the names written as raw bytes of
+// `codePage` (as the C library's converter spells it: "CP1251", "UTF-8", ...).
+void writeStepNamingParts(const std::string& path, const std::vector<std::string>& names, const char* codePage);
 
 const CadPart& partNamed(const CadModel& model, const std::string& name);
 const CadAssembly& assemblyNamed(const CadModel& model, const std::string& name);

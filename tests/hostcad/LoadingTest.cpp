@@ -4,8 +4,10 @@
 #include <BRep_Builder.hxx>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <fstream>
+#include <vector>
 
 #include "CadTestSupport.h"
 #include "host/cad/CadLoader.h"
@@ -38,6 +40,72 @@ TEST(CadLoading, LengthUnitsAreWrittenAndReadBack) {
         const RowMatrix& placed = assemblyNamed(model, "TOP").components.at(0).placement;
         for (int i = 0; i < 3; ++i) EXPECT_NEAR(placed[3][i], i + 4.0, 1e-9) << unit;
     }
+}
+
+// STEP files whose names are raw bytes of a legacy code page keep their
+// letters, whether the code page is named or detected; UTF-8 names stay UTF-8.
+TEST(CadLoading, NamesInALegacyCodePageKeepTheirLetters) {
+    const std::vector<std::string> names = {"Корпус редуктора", "Вал ведущий шестерни", "Крышка подшипника",
+                                            "Шестерня коническая"};
+    struct Case {
+        const char* fileCodePage;         // how the file's bytes are written
+        const char* namedCodePage;        // --codepage, or nullptr to detect
+        const char* reportedCodePage;
+    };
+    const Case cases[] = {
+        {"CP1251", nullptr, "cp1251"},
+        {"UTF-8", nullptr, "utf-8"},
+        {"CP1251", "Windows-1251", "cp1251"},
+        {"ISO-8859-5", "iso8859_5", "iso8859-5"},
+    };
+    ScratchFolder folder;
+    for (const Case& row : cases) {
+        const std::string path = folder.file(std::string(row.fileCodePage) + ".step");
+        writeStepNamingParts(path, names, row.fileCodePage);
+        LoadOptions options;
+        if (row.namedCodePage) options.stepCodePage = stepCodePageNamed(row.namedCodePage);
+        const CadModel model = loadCadModel(path, options);
+        std::vector<std::string> read;
+        for (const CadPart& part : model.parts) read.push_back(part.name);
+        std::sort(read.begin(), read.end());
+        std::vector<std::string> expected = names;
+        std::sort(expected.begin(), expected.end());
+        EXPECT_EQ(read, expected) << row.fileCodePage;
+        ASSERT_TRUE(model.nameCodePage) << row.fileCodePage;
+        EXPECT_EQ(model.nameCodePage->displayName, row.reportedCodePage);
+        EXPECT_EQ(model.nameCodePage->detected, row.namedCodePage == nullptr);
+    }
+    EXPECT_FALSE(stepCodePageNamed("klingon"));
+}
+
+// Mesh-only items of an AP242 file, which the kernel's reader doesn't
+// transfer: a solid of a floor (through an index list) and a roof (a fan),
+// styled orange, and a loose strip. Expected normals worked out by hand.
+TEST(CadLoading, TessellatedItemsOfAStepFileBecomeFacets) {
+    const CadModel model = loadCadModel(std::string(VANTREL_SOURCE_DIR) + "/tests/hostcad/data/tessellated.step");
+    ASSERT_EQ(model.top.kind, NodeKind::part);
+    const CadPart& part = model.parts.at(static_cast<size_t>(model.top.index));
+    EXPECT_EQ(part.name, "HUT");
+    ASSERT_EQ(part.facets.size(), 8u);
+    int down = 0, roof = 0, mat = 0;
+    for (const Facet& facet : part.facets) {
+        const double cx = (facet.points[0][0] + facet.points[1][0] + facet.points[2][0]) / 3.0;
+        const double cy = (facet.points[0][1] + facet.points[1][1] + facet.points[2][1]) / 3.0;
+        if (facet.normal[2] < -0.99) ++down;
+        if (cx > 15.0 && facet.normal[2] > 0.99) ++mat;
+        // The roof's faces look up and away from the apex's axis.
+        if (cx < 15.0 && facet.normal[2] > 0.0 && facet.normal[0] * (cx - 5.0) + facet.normal[1] * (cy - 5.0) > 0.0) {
+            ++roof;
+        }
+    }
+    EXPECT_EQ(down, 2);
+    EXPECT_EQ(roof, 4);
+    EXPECT_EQ(mat, 2);
+    ASSERT_TRUE(part.appearance);
+    EXPECT_EQ((std::array{part.appearance->red, part.appearance->green, part.appearance->blue}),
+              (std::array{1.0, 0.6, 0.0}));
+    EXPECT_NEAR(part.outline.max[0], 30.0, 1e-9);
+    EXPECT_NEAR(part.outline.max[2], 8.0, 1e-9);
 }
 
 // Everything that carries an id, in order, as one text.

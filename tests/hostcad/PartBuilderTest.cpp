@@ -1,6 +1,7 @@
 #include <BRepBuilderAPI_MakeFace.hxx>
 #include <BRepPrimAPI_MakeBox.hxx>
 #include <BRep_Builder.hxx>
+#include <Poly_Triangulation.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopoDS_Compound.hxx>
 #include <gp_Pln.hxx>
@@ -62,6 +63,36 @@ TEST(PartBuilder, AFacesOwnAppearanceWinsOverItsSolids) {
         EXPECT_EQ(part.faces[i].appearance->blue, i == 5 ? 1.0 : 0.0) << "face " << i;
     }
     EXPECT_FALSE(part.appearance.has_value());
+}
+
+// A face of a tessellated model has a mesh and no surface. Used reversed, its
+// facets turn round: corners in the other order and the normal the other way.
+TEST(PartBuilder, AReversedMeshOnlyFaceTurnsItsFacets) {
+    BRep_Builder builder;
+    auto meshOnlyFace = [&](double z) {
+        Handle(Poly_Triangulation) mesh = new Poly_Triangulation(3, 1, false);
+        mesh->SetNode(1, gp_Pnt(0, 0, z));
+        mesh->SetNode(2, gp_Pnt(2, 0, z));
+        mesh->SetNode(3, gp_Pnt(0, 3, z));
+        mesh->SetTriangle(1, Poly_Triangle(1, 2, 3));
+        TopoDS_Face face;
+        builder.MakeFace(face, mesh);
+        return face;
+    };
+    TopoDS_Compound compound;
+    builder.MakeCompound(compound);
+    builder.Add(compound, meshOnlyFace(0));
+    builder.Add(compound, meshOnlyFace(1).Reversed());
+
+    const CadModel model = modelOfShape(compound);
+    const CadPart& part = model.parts[0];
+    EXPECT_TRUE(part.faces.empty()) << "a face without a surface is no exact face";
+    ASSERT_EQ(part.facets.size(), 2u);
+    using Points = std::array<std::array<double, 3>, 3>;
+    EXPECT_EQ(part.facets[0].points, (Points{{{0, 0, 0}, {2, 0, 0}, {0, 3, 0}}}));
+    EXPECT_EQ(part.facets[0].normal, (std::array<double, 3>{0, 0, 1}));
+    EXPECT_EQ(part.facets[1].points, (Points{{{0, 0, 1}, {0, 3, 1}, {2, 0, 1}}}));
+    EXPECT_EQ(part.facets[1].normal, (std::array<double, 3>{0, 0, -1}));
 }
 
 }  // namespace

@@ -12,40 +12,47 @@ Calls selectionIcons(const std::string& manual, const std::string& automatic) {
     return {"ProCmdIconSet(Manual selection, " + manual + ")", "ProCmdIconSet(Automatic selection, " + automatic + ")"};
 }
 
-// The calls of registration, given those that set the selection icons.
-Calls registration(const Calls& icons) {
-    const std::string message = ", vantrel_plugin_msg.txt)";
-    Calls calls = {"ProCmdActionAdd(Manual selection, 2, 1, 0)",
-                   "ProCmdDesignate(Manual selection, vantrelPluginSettingsManual, vantrelPluginSettingsManualHelp, "
-                   "vantrelPluginSettingsManualHelp" + message,
-                   "ProCmdActionAdd(Automatic selection, 2, 1, 0)",
-                   "ProCmdDesignate(Automatic selection, vantrelPluginSettingsAutomatic, "
-                   "vantrelPluginSettingsAutomaticHelp, vantrelPluginSettingsAutomaticHelp" + message};
-    calls.insert(calls.end(), icons.begin(), icons.end());
-    for (const char* command : {"Settings", "Render", "Export", "Update"}) {
-        std::string icon = command == std::string("Settings") ? "settings" : command;
-        for (char& letter : icon) letter = static_cast<char>(std::tolower(letter));
-        calls.push_back("ProCmdActionAdd(Vantrel Plugin " + std::string(command) + ", 2, 1, 0)");
-        calls.push_back("ProCmdIconSet(Vantrel Plugin " + std::string(command) + ", vr_" + icon + ".png)");
-    }
-    for (const char* command : {"Settings", "Render", "Export", "Update"}) {
-        std::string key = "vantrelPlugin" + std::string(command);
-        calls.push_back("ProCmdDesignate(Vantrel Plugin " + std::string(command) + ", " + key + ", " + key +
-                        "Help, Vantrel Plugin " + command + message);
-    }
-    return calls;
-}
-
 TEST_F(Commands, RegistrationOrderTextsAndIconsPerSelectionMode) {
     VantrelPlugin plugin;
     EXPECT_EQ(registerCommands(plugin), PRO_TK_NO_ERROR);
-    EXPECT_EQ(fakehost::state().calls, registration(selectionIcons("vr_update_unchecked.png", "vr_update_checked.png")));
+    const Calls atModeZero = {
+        "ProCmdActionAdd(Manual selection, 2, 1, 0)",
+        "ProCmdDesignate(Manual selection, vantrelPluginSettingsManual, vantrelPluginSettingsManualHelp, "
+        "vantrelPluginSettingsManualHelp, vantrel_plugin_msg.txt)",
+        "ProCmdActionAdd(Automatic selection, 2, 1, 0)",
+        "ProCmdDesignate(Automatic selection, vantrelPluginSettingsAutomatic, vantrelPluginSettingsAutomaticHelp, "
+        "vantrelPluginSettingsAutomaticHelp, vantrel_plugin_msg.txt)",
+        "ProCmdIconSet(Manual selection, vr_update_unchecked.png)",
+        "ProCmdIconSet(Automatic selection, vr_update_checked.png)",
+        "ProCmdActionAdd(Vantrel Plugin Settings, 2, 1, 0)",
+        "ProCmdIconSet(Vantrel Plugin Settings, vr_settings.png)",
+        "ProCmdActionAdd(Vantrel Plugin Render, 2, 1, 0)",
+        "ProCmdIconSet(Vantrel Plugin Render, vr_render.png)",
+        "ProCmdActionAdd(Vantrel Plugin Export, 2, 1, 0)",
+        "ProCmdIconSet(Vantrel Plugin Export, vr_export.png)",
+        "ProCmdActionAdd(Vantrel Plugin Update, 2, 1, 0)",
+        "ProCmdIconSet(Vantrel Plugin Update, vr_update.png)",
+        "ProCmdDesignate(Vantrel Plugin Settings, vantrelPluginSettings, vantrelPluginSettingsHelp, "
+        "Vantrel Plugin Settings, vantrel_plugin_msg.txt)",
+        "ProCmdDesignate(Vantrel Plugin Render, vantrelPluginRender, vantrelPluginRenderHelp, "
+        "Vantrel Plugin Render, vantrel_plugin_msg.txt)",
+        "ProCmdDesignate(Vantrel Plugin Export, vantrelPluginExport, vantrelPluginExportHelp, "
+        "Vantrel Plugin Export, vantrel_plugin_msg.txt)",
+        "ProCmdDesignate(Vantrel Plugin Update, vantrelPluginUpdate, vantrelPluginUpdateHelp, "
+        "Vantrel Plugin Update, vantrel_plugin_msg.txt)"};
+    EXPECT_EQ(fakehost::state().calls, atModeZero);
+    // Mode 1 swaps the two selection icons; mode 2 sets neither.
     for (int mode : {1, 2}) {
         fakehost::reset();
         plugin.settings.selectionMode = mode;
         registerCommands(plugin);
-        Calls icons = mode == 1 ? selectionIcons("vr_update_checked.png", "vr_update_unchecked.png") : Calls{};
-        EXPECT_EQ(fakehost::state().calls, registration(icons)) << "selection mode " << mode;
+        Calls expected = atModeZero;
+        expected.erase(expected.begin() + 4, expected.begin() + 6);
+        if (mode == 1) {
+            Calls swapped = selectionIcons("vr_update_checked.png", "vr_update_unchecked.png");
+            expected.insert(expected.begin() + 4, swapped.begin(), swapped.end());
+        }
+        EXPECT_EQ(fakehost::state().calls, expected) << "selection mode " << mode;
     }
     const uiCmdCmdActFn actions[] = {manualSelectionAction, automaticSelectionAction, settingsCommandAction,
                                      renderCommandAction,   exportCommandAction,      updateCommandAction};

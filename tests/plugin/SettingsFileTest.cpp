@@ -1,5 +1,5 @@
 #include "tests/plugin/PluginFixture.h"
-#include "tests/toolkit/LocaleScope.h"
+#include "tests/support/LocaleScope.h"
 
 namespace {
 
@@ -80,7 +80,7 @@ TEST_F(SettingsFile, SaveWritesEveryFieldInOrder) {
 }
 
 TEST_F(SettingsFile, PathsRoundTripInTheSystemCodePageUpTo1023Bytes) {
-    LocaleScope locale("C.UTF-8");
+    testsupport::LocaleScope locale("C.UTF-8");
     if (!locale.ok()) GTEST_SKIP() << "the C.UTF-8 locale is not installed";
     VantrelPlugin plugin;
     plugin.settings.exportPath = u"/Gr\u00fc\u00dfe/\u6a21\u578b.vnz";

@@ -114,6 +114,10 @@ TEST(ExportCommandLine, BadInputIsNamedWithANonZeroExit_bad_) {
     EXPECT_EQ(emptyOutput.exitCode, 2);
     EXPECT_NE(emptyOutput.err.find("-o needs a path"), std::string::npos) << emptyOutput.err;
 
+    const ProgramRun badCodePage = run(folder, "export m.step -o o.vnz --codepage klingon");
+    EXPECT_EQ(badCodePage.exitCode, 2);
+    EXPECT_NE(badCodePage.err.find("--codepage needs one of utf-8, cp1250"), std::string::npos) << badCodePage.err;
+
     const ProgramRun badAxis = run(folder, "export m.step -o o.vnz --up w");
     EXPECT_EQ(badAxis.exitCode, 2);
     EXPECT_NE(badAxis.err.find("--up needs x, y, z, -x, -y or -z"), std::string::npos);

@@ -204,6 +204,24 @@ TEST(FileWriterIndentation, DepthShowsOnlyWhenTheModeAllowsIt) {
     EXPECT_EQ(out.text(), "\ngroup \"g\" {\n a 5\n \"t\" [\n  5 ],\n}\n");
 }
 
+// An inline shader is captured from depth 0 and takes the depth of the
+// material where it is attached.
+TEST(FileWriterIndentation, ShaderInAMaterialInAGroup) {
+    SceneCapture out;
+    out->set_mode(0);
+    out->begin_group("g", true);
+    out->begin_material("m", true);
+    out->begin_shader(nullptr, "nvx_diffuse");
+    const float colour[3] = {1, 0.5f, 0.25f};
+    out->set_attribute("diffuse", ATTR_FLOAT3, colour);
+    out->end_shader();
+    out->set_shader(SHADER_SURFACE, out->current_shader());
+    out->end_material();
+    out->end_group();
+    EXPECT_EQ(out.text(), "\ngroup \"g\" {\n material \"m\" {\n  surface   \"nvx_diffuse\" {\n"
+                          "   \"diffuse\" 1 0.5 0.25,\n  }\n }\n}\n");
+}
+
 TEST(FileWriterFailures, NoStreamWritesNothingAndShortWritesAreRemembered) {
     nvxScene_api_file silent(nullptr, true);
     const float values[3] = {1, 2, 3};

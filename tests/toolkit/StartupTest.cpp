@@ -5,7 +5,7 @@
 
 #include "platform/Files.h"
 #include "tests/toolkit/FakeHost.h"
-#include "tests/toolkit/LocaleScope.h"
+#include "tests/support/LocaleScope.h"
 #include "tests/toolkit/TemporaryDirectory.h"
 #include "toolkit/ClientText.h"
 #include "toolkit/HostBinding.h"
@@ -93,7 +93,7 @@ TEST_F(Startup, HostVersionStandsInForAMissingDisplayVersion) {
 }
 
 TEST_F(Startup, HostWithoutUnicodeGetsTextInTheLocaleCodePage) {
-    LocaleScope locale("C");
+    testsupport::LocaleScope locale("C");
     char narrow[16];
     fakehost::state().unicodeEnabled = PRO_B_FALSE;
     ASSERT_EQ(start(), 0);

@@ -3,7 +3,7 @@
 #include <cstring>
 #include <string>
 
-#include "tests/toolkit/LocaleScope.h"
+#include "tests/support/LocaleScope.h"
 #include "toolkit/btk/TextConversion.h"
 
 namespace {
@@ -21,12 +21,12 @@ std::string narrow(std::u16string_view text, std::size_t size) {
 }
 
 TEST(NarrowToBuffer, UnmappableCharacterIsLostNotGuessed) {
-    LocaleScope locale("C");
+    testsupport::LocaleScope locale("C");
     EXPECT_EQ(narrow(u"M\u00fcller \u6a21", 32), "Mller ");
 }
 
 TEST(NarrowToBuffer, TooSmallBufferKeepsWholeCharactersAndEndsInside) {
-    LocaleScope locale("C.UTF-8");
+    testsupport::LocaleScope locale("C.UTF-8");
     if (!locale.ok()) GTEST_SKIP() << "the C.UTF-8 locale is not installed";
     EXPECT_EQ(narrow(u"abcdef", 4), "abc");
     // a, e-acute of 2 bytes, a CJK character of 3 bytes, a surrogate pair of 4.

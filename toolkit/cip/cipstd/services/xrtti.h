@@ -126,6 +126,6 @@ template <typename Class, typename... Bases>
 void* xcastThrough(Class* self, const xrtti* type) {
     if (type->IsSame(Class::xrttiGet())) return self;
     void* found = nullptr;
-    ((found = found ? found : self->Bases::xcast(type)), ...);
+    ((found = found ? found : static_cast<Bases*>(self)->Bases::xcast(type)), ...);
     return found;
 }
