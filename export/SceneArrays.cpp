@@ -22,3 +22,7 @@ void setFloats(nvxScene_api& scene, const char* name, const std::vector<float>& 
 void setInts(nvxScene_api& scene, const char* name, const std::vector<int>& values) {
     setArray(scene, name, ATTR_ARRAY | ATTR_INT, values.data(), values.size());
 }
+
+void setDoubles(nvxScene_api& scene, const char* name, const std::vector<double>& values) {
+    setArray(scene, name, ATTR_ARRAY | ATTR_DOUBLE, values.data(), values.size());
+}

@@ -11,3 +11,5 @@ void setFloatTriples(nvxScene_api& scene, const char* name, const std::vector<fl
 void setFloats(nvxScene_api& scene, const char* name, const std::vector<float>& values);
 // Integers (triangle indices): the count is the number of integers.
 void setInts(nvxScene_api& scene, const char* name, const std::vector<int>& values);
+// Doubles (knots, control points of exact shapes): the count is the number of doubles.
+void setDoubles(nvxScene_api& scene, const char* name, const std::vector<double>& values);

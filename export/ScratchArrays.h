@@ -30,9 +30,8 @@ struct ScratchArrays {
     // A mesh worth writing: it has vertices and triangles.
     bool meshIsWritable() const { return !meshVertices.empty() && !meshTriangles.empty(); }
 
-    // Sets the length of every buffer to zero and keeps their storage.
-    void clear() {
-        clearMesh();
+    // Empties the eight trim buffers, keeping their storage.
+    void clearTrim() {
         trimEdgeCounts.clear();
         trimInside.clear();
         edgeOrders.clear();
@@ -41,5 +40,11 @@ struct ScratchArrays {
         edgeMaxs.clear();
         edgeKnots.clear();
         edgeUvws.clear();
+    }
+
+    // Sets the length of every buffer to zero and keeps their storage.
+    void clear() {
+        clearMesh();
+        clearTrim();
     }
 };

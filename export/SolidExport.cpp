@@ -5,7 +5,10 @@
 #include <vector>
 
 #include "export/Appearances.h"
+#include "export/ExactSurfaceObjects.h"
 #include "export/FacetMesh.h"
+#include "export/InterfaceData.h"
+#include "export/MaterialEmission.h"
 #include "export/MeshObject.h"
 #include "export/ModelName.h"
 #include "export/RunContext.h"
@@ -56,20 +59,27 @@ MeshGroups groupSurfacesByAppearance(const RunContext& run, const SolidGeometry&
 }
 
 // The surfaces of one appearance as one mesh; with exact surfaces on, in a
-// group of their own.
+// group of their own, where each surface's exact objects follow once its
+// triangles were taken.
 void writeMeshRow(RunContext& run, const SolidGeometry& geometry, const MaterialRecord& record,
                   const std::vector<int>& surfaceIndices, const std::string& partName,
-                  ProSurfaceTessellationInput input) {
+                  ProSurfaceTessellationInput input, const ExactGeometrySource* exact) {
     std::optional<SceneGroup> exactRows;
     if (run.settings.includeNURBS) exactRows.emplace(run.scene, partName, GroupFlags::ExactRows);
     ScratchArrays& buffers = run.buffers;
+    nvxScene_api& scene = *run.scene.scene();
     buffers.clearMesh();
     int indexBase = 0;
-    for (int index : surfaceIndices)
-        tessellateSurface(buffers, geometry.surfaces[static_cast<size_t>(index)], geometry.solid,
-                          run.settings.tessellationQuality, input, &indexBase);
+    for (int index : surfaceIndices) {
+        ProSurface surface = geometry.surfaces[static_cast<size_t>(index)];
+        if (tessellateSurface(buffers, surface, geometry.solid, run.settings.tessellationQuality, input,
+                              &indexBase) &&
+            exact)
+            writeExactSurfaces(scene, buffers, *exact, surface, partName,
+                               [&] { emitMaterial(scene, run.settings.separateMaterials, partName, record); });
+    }
     if (buffers.meshIsWritable())
-        writeMeshObject(*run.scene.scene(), buffers, partName, record, run.settings.separateMaterials);
+        writeMeshObject(scene, buffers, partName, record, run.settings.separateMaterials);
 }
 
 void exportSurfaces(RunContext& run, const SolidGeometry& geometry, const ProAsmcomppath& fullPath,
@@ -82,9 +92,15 @@ void exportSurfaces(RunContext& run, const SolidGeometry& geometry, const ProAsm
     SceneGroup node(run.scene, name);
     if (emitGeometry) {
         node.setFlags(GroupFlags::Solid);
+        const bool nurbs = run.settings.includeNURBS;
+        InterfaceTables tables;
+        ExactGeometrySource exact{geometry.solid, nullptr, &tables, &geometry.surfaceIds};
+        InterfaceDataRelease release{exact.interfaceData};
+        if (nurbs)
+            collectInterfaceData(geometry.solid, &exact.interfaceData, geometry.surfaceIds, geometry.surfaces, tables);
         MeshGroups groups = groupSurfacesByAppearance(run, geometry, fullPath, appearance);
         for (const auto& [record, surfaceIndices] : groups)
-            writeMeshRow(run, geometry, record, surfaceIndices, partName, input);
+            writeMeshRow(run, geometry, record, surfaceIndices, partName, input, nurbs ? &exact : nullptr);
     }
     ProSurfacetessellationinputFree(input);
     node.place(run.plugin, fullPath, localPath, name, matrix);

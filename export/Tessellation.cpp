@@ -97,17 +97,18 @@ void appendSurfaceMesh(ScratchArrays& buffers, ProTessellation tessellation, int
 
 }  // namespace
 
-void tessellateSurface(ScratchArrays& buffers, ProSurface surface, ProSolid solid, double quality,
+bool tessellateSurface(ScratchArrays& buffers, ProSurface surface, ProSolid solid, double quality,
                        ProSurfaceTessellationInput input, int* indexBase) {
     int surfaceId = 0;
     ProSurfaceIdGet(surface, &surfaceId);
     ProTessellation tessellation = nullptr;
     ProError status = ProSurfaceTessellationGet(surface, input, &tessellation);
     if (status != PRO_TK_NO_ERROR) status = retryLadder(surface, solid, quality, &tessellation);
-    if (status != PRO_TK_NO_ERROR || !tessellation) return;
+    if (status != PRO_TK_NO_ERROR || !tessellation) return false;
 
     int vertexCount = 0;
     appendSurfaceMesh(buffers, tessellation, *indexBase, &vertexCount);
     *indexBase += vertexCount;
     ProTessellationFree(tessellation);
+    return true;
 }

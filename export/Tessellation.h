@@ -18,7 +18,7 @@ ProSurfaceTessellationInput makeTessellationInput(ProSolid solid, double quality
 
 // Triangulates one surface and appends it to the mesh buffers. A surface that
 // the host refuses at `input` is tried along the ladder around the quality
-// setting; one refused at every rung is left out. The index base grows by the
-// surface's vertex count.
-void tessellateSurface(ScratchArrays& buffers, ProSurface surface, ProSolid solid, double quality,
+// setting; one refused at every rung is left out and answers false. The
+// index base grows by the surface's vertex count.
+bool tessellateSurface(ScratchArrays& buffers, ProSurface surface, ProSolid solid, double quality,
                        ProSurfaceTessellationInput input, int* indexBase);

@@ -17,6 +17,7 @@
 #include <utility>
 #include <vector>
 
+#include "host/geometry/ExactGeometry.h"
 #include "host/geometry/RowMatrix.h"
 #include "host/geometry/SurfaceGeometry.h"
 #include "toolkit/ProToolkit.h"
@@ -39,6 +40,9 @@ struct Surface {
     std::shared_ptr<const SurfaceGeometry> geometry;
     std::optional<AppearanceProps> appearance;  // none: the surface has no appearance of its own
     std::optional<TextureProps> texture;
+    // The contours of its trimmed face, by the edge ids of the model's
+    // interface data.
+    std::vector<EdgeContour> contours;
 };
 
 struct Quilt {
@@ -116,6 +120,8 @@ struct Model {
     std::vector<Feature> features;    // in the host's visit order
     std::vector<Layer> layers;
     std::vector<Representation> representations;
+    // The exact geometry that ProPartToProIntfData gives; none: it fails.
+    std::shared_ptr<const InterfaceDataSource> exactGeometry;
 
     void modify() { ++version; }
 

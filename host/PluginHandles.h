@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "host/HandleStore.h"
+#include "host/IntfDataHandles.h"
 #include "host/geometry/SurfaceGeometry.h"
 #include "toolkit/ProToolkit.h"
 
@@ -36,11 +37,17 @@ public:
     HandleStore<ProSimprepdata> representationData;
     // Selections stay the host's: the plug-in never frees them.
     HandleStore<Selection> selections;
+    HandleStore<IntfDataBlock> interfaceData;
+    HandleStore<EdgedataHandle> edgeData;
+    HandleStore<QuiltdataHandle> quiltData;
+    HandleStore<CurveStorage> curves;
+    GeomitemRecords geomitemData;
 
     // How many handles are out that the plug-in should have freed.
     size_t outstanding() const {
         return tessellationInputs.outstanding() + tessellations.outstanding() + facetVertices.outstanding() +
-               representationData.outstanding();
+               representationData.outstanding() + interfaceData.outstanding() + edgeData.outstanding() +
+               quiltData.outstanding() + curves.outstanding() + geomitemData.outstanding();
     }
 
     // A mesh for a new tessellation, with the storage of the last one freed,

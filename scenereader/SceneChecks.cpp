@@ -5,6 +5,7 @@
 #include <set>
 #include <sstream>
 
+#include "scenereader/NurbsChecks.h"
 #include "scenereader/SceneAnimations.h"
 
 namespace scenereader {
@@ -146,7 +147,8 @@ struct GeometryCheck {
 
 bool isGeometry(const Block& block, std::string_view type) { return block.kind == "geometry" && block.name() == type; }
 
-void checkGeometries(const Block& block, const std::string& path, std::vector<std::string>& problems) {
+void checkGeometries(const Block& block, const std::string& path, std::vector<std::string>& problems,
+                     NurbsFindings& exact) {
     for (const auto& item : block.items) {
         const auto* inner = std::get_if<Block>(&item);
         if (!inner) continue;
@@ -154,7 +156,9 @@ void checkGeometries(const Block& block, const std::string& path, std::vector<st
         if (isGeometry(*inner, "triangles")) {
             GeometryCheck{*inner, where + " at line " + std::to_string(inner->line), problems}.run();
         }
-        checkGeometries(*inner, where, problems);
+        if (isGeometry(*inner, "nurbs")) checkNurbsGeometry(*inner, where + " at line " + std::to_string(inner->line), exact);
+        if (inner->kind == "group") checkMeshOnSurfaces(*inner, where + " at line " + std::to_string(inner->line), exact);
+        checkGeometries(*inner, where, problems, exact);
     }
 }
 
@@ -237,11 +241,20 @@ std::string counted(size_t count, const char* one, const char* many) {
 
 std::vector<std::string> checkScene(const Document& document) {
     std::vector<std::string> problems;
-    checkGeometries(document.root, "", problems);
+    NurbsFindings exact;
+    checkGeometries(document.root, "", problems, exact);
+    problems.insert(problems.end(), exact.problems.begin(), exact.problems.end());
     std::vector<std::string> animationProblems = checkAnimations(document);
     problems.insert(problems.end(), animationProblems.begin(), animationProblems.end());
     findNonFiniteNumbers(document.root, problems);
     return problems;
+}
+
+std::vector<std::string> sceneWarnings(const Document& document) {
+    std::vector<std::string> problems;
+    NurbsFindings exact;
+    checkGeometries(document.root, "", problems, exact);
+    return exact.warnings;
 }
 
 SceneSummary summarize(const Document& document) {

@@ -12,10 +12,15 @@ namespace scenereader {
 // "triangles" geometry: "vertices" present as float triples; "triangles" an
 // integer array of whole triples whose indices lie in [0, vertex count);
 // "normals", if present, one per vertex; "uv_tex", if present, two floats per
-// vertex; no value that is not a finite number in those arrays. For every
-// animation block, the checks of SceneAnimations.h. Anywhere: no number
-// written as "nan" or "inf".
+// vertex; no value that is not a finite number in those arrays. Every
+// "nurbs" geometry: its knots, control net, weights and trim curves (see
+// NurbsChecks.h). For every animation block, the checks of
+// SceneAnimations.h. Anywhere: no number written as "nan" or "inf".
 std::vector<std::string> checkScene(const Document& document);
+
+// What is worth a look without being wrong: trim control points outside
+// their surface's domain.
+std::vector<std::string> sceneWarnings(const Document& document);
 
 struct SceneSummary {
     size_t groups = 0;

@@ -45,10 +45,12 @@ bool checkOne(const std::string& file, bool json, std::ostream& out, std::ostrea
     try {
         const scenereader::Document document = scenereader::readSceneFile(file);
         const std::vector<std::string> problems = scenereader::checkScene(document);
+        const std::vector<std::string> warnings = scenereader::sceneWarnings(document);
         sound = problems.empty();
         const scenereader::SceneSummary summary = scenereader::summarize(document);
         if (!json) {
             for (const std::string& problem : problems) err << file << ": " << problem << "\n";
+            for (const std::string& warning : warnings) err << file << ": warning: " << warning << "\n";
             out << file << ": " << scenereader::describeSummary(summary) << "\n";
             return sound;
         }
@@ -57,6 +59,10 @@ bool checkOne(const std::string& file, bool json, std::ostream& out, std::ostrea
         writer.Key("problems");
         writer.StartArray();
         for (const std::string& problem : problems) writer.String(problem.c_str());
+        writer.EndArray();
+        writer.Key("warnings");
+        writer.StartArray();
+        for (const std::string& warning : warnings) writer.String(warning.c_str());
         writer.EndArray();
         writeSummary(writer, summary);
     } catch (const std::exception& error) {

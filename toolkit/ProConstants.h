@@ -1,7 +1,9 @@
 #pragma once
 // The host toolkit's numbers that the plug-in, the headless host and the
 // tests share: statuses, modes, model and feature types, item kinds, layer
-// statuses and representation actions. The values are the host's own.
+// statuses, representation actions and the words of the interface data. The
+// values are the host's own.
+#include <cstdint>
 
 typedef int ProError;
 enum : ProError {
@@ -53,3 +55,17 @@ enum : int { PRO_UNITSYSTEM_MASS_LENGTH_TIME = 1 };
 // Kinds of a texture placement (ProMdlVisibleTextureplacementpropsGet): which
 // path of the texture record the placement uses.
 enum : int { PRO_TEXTURE_TYPE_NONE = 0, PRO_TEXTURE_TYPE_BUMP = 1, PRO_TEXTURE_TYPE_COLOR = 2, PRO_TEXTURE_TYPE_DECAL = 3 };
+
+// What ProPartToProIntfData is asked to convert, and how.
+enum : std::uint32_t {
+    PRO_INTF_UV_POINTS = 1u,   // edges carry their points in surface parameters
+    PRO_INTF_UV_CURVES = 2u,   // edges carry their curves in surface parameters
+    PRO_INTF_XYZ_CURVES = 4u,  // edges carry their curves in space
+};
+enum : int { PRO_PART_CURVES_AS_BSPLINES = 2, PRO_PART_SURFACES_AS_BSPL_SURFACES = 2 };
+
+// Contour traversals, the curve type of a B-spline, and the direction of an
+// edge used against itself in a contour or by a surface.
+enum : int { PRO_CONTOUR_TRAV_INTERNAL = -1, PRO_CONTOUR_TRAV_NONE = 0, PRO_CONTOUR_TRAV_EXTERNAL = 1 };
+enum : int { PRO_ENT_B_SPLINE = 19 };
+enum : int { PRO_EDGE_DIRECTION_REVERSED = 1 };

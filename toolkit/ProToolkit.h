@@ -34,6 +34,14 @@ typedef struct ProSelectionOpaque* ProSelection;
 typedef struct ProTessellationInputOpaque* ProSurfaceTessellationInput;
 typedef struct ProTessellationOpaque* ProTessellation;
 typedef struct uiCmdOpaque* uiCmdCmdId;
+typedef struct ProIntfDataOpaque* ProIntfData;              // a block of interface data
+typedef struct ProEdgedataOpaque* ProEdgedata;              // an edge of the block
+typedef struct ProSurfacedataOpaque* ProSurfacedata;        // an exact surface of the block
+typedef struct ProQuiltdataOpaque* ProQuiltdata;            // a quilt of the block
+typedef struct ProSurfaceshapedataOpaque* ProSurfaceshapedata;  // the shape part of surface data
+typedef struct ProCurvedataOpaque* ProCurvedata;            // curve storage, allocated by the plug-in
+typedef struct ProContourOpaque* ProContour;                // a contour of a visited surface
+typedef struct ProEdgeOpaque* ProEdge;                      // an edge of a visited contour
 typedef void* ProArray;                    // a host array: its size comes from ProArraySizeGet
 typedef void* ProAppData;
 
@@ -130,6 +138,26 @@ struct ProSimprepdata {
     ProSimprepitem* items;  // a host array
 };
 
+// What ProPartToProIntfData is asked to convert (PRO_INTF_ flags), and how.
+struct ProIntfDataOptions {
+    std::uint32_t flags;
+    std::int32_t curveOption;
+    std::int32_t surfaceOption;
+};
+
+// One contour of an exact surface: its traversal and the ids of its edges
+// (a host array), in the order the contour runs.
+struct ProContourdata {
+    int traversal;
+    int* edgeIds;
+};
+
+// The exact data of a visited surface; ProGeomitemdataFree releases it.
+struct ProGeomitemdata {
+    int objectType;
+    ProSurfacedata surface;
+};
+
 // Grid placement of a dialog component.
 struct ProUIGridopts {
     int column;
@@ -164,6 +192,10 @@ typedef ProError (*ProFacetFilterAction)(ProFacet facet, ProAppData data);
 typedef ProError (*ProSimprepVisitAction)(ProSimprep* simprep, ProError status, ProAppData data);
 typedef ProError (*ProSimprepFilterAction)(ProSimprep* simprep, ProAppData data);
 typedef ProError (*ProSimprepitemVisitAction)(ProSimprepitem* item, ProError status, ProAppData data);
+typedef ProError (*ProContourVisitAction)(ProContour contour, ProError status, ProAppData data);
+typedef ProError (*ProContourFilterAction)(ProContour contour, ProAppData data);
+typedef ProError (*ProEdgeVisitAction)(ProEdge edge, ProError status, ProAppData data);
+typedef ProError (*ProEdgeFilterAction)(ProEdge edge, ProAppData data);
 typedef void (*ProUIAction)(char* dialog, char* component, ProAppData data);
 
 // The host's table of functions, sorted by name in byte order.

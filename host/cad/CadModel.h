@@ -43,12 +43,29 @@ struct CadAppearance {
     std::string texturePath;   // absolute path of the colour image; empty if none
 };
 
+// One use of an edge in a face's contour: the edge's id, whether the
+// contour runs it against its own direction, and the edge as the contour
+// uses it (its orientation picks the side of a seam).
+struct CadEdgeUse {
+    int edgeId = 0;
+    bool reversed = false;
+    int shapeIndex = -1;
+};
+
+// A wire of a face: the outer one first, then the holes; edges in the order
+// the wire runs.
+struct CadContour {
+    bool outer = true;
+    std::vector<CadEdgeUse> edges;
+};
+
 struct CadFace {
     int id = 0;               // positive, unique among the part's faces, edges and quilts
     bool reversed = false;    // the face is used against its surface's natural normal
     int quiltId = 0;          // the quilt that holds the face; 0 for a face of the solid
     int shapeIndex = -1;      // index of the exact face in the model's shapes
     std::optional<CadAppearance> appearance;  // the face's own, if it has one
+    std::vector<CadContour> contours;
 };
 
 struct CadEdge {

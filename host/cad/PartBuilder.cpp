@@ -12,6 +12,7 @@
 #include <algorithm>
 
 #include "host/cad/CadShapes.h"
+#include "host/cad/FaceContours.h"
 #include "host/cad/MeshFacets.h"
 
 namespace host::cad {
@@ -54,7 +55,7 @@ std::optional<CadAppearance> addFaces(PartWalk& walk, const std::vector<SubShape
         TopLoc_Location location;
         if (!BRep_Tool::Surface(face, location).IsNull()) {
             walk.faceSlot[i] = static_cast<int>(part.faces.size());
-            part.faces.push_back(CadFace{walk.nextId++, reversed, 0, shapes.addFace(face), appearances[i]});
+            part.faces.push_back(CadFace{walk.nextId++, reversed, 0, shapes.addFace(face), appearances[i], {}});
         } else if (Handle(Poly_Triangulation) mesh = BRep_Tool::Triangulation(face, location); !mesh.IsNull()) {
             appendFacets(*mesh, location.Transformation(), reversed, part.facets);
             if (!firstMeshAppearance) firstMeshAppearance = appearances[i];
@@ -151,6 +152,7 @@ CadPart buildPart(const std::string& name, const TopoDS_Shape& shape, std::optio
     shapes.closePart(firstFace);
     addEdges(shape, walk, part, shapes);
     addQuilts(shape, walk, part);
+    addFaceContours(part, shapes);
     if (!part.appearance && part.faces.empty()) part.appearance = meshAppearance;
     part.outline = outlineOfPart(part, shapes);
     return part;

@@ -23,7 +23,9 @@ struct SubShapeAppearance {
 
 // Ids are positive and follow one fixed order, so that loading the same file
 // again gives the same ids: faces first, in the order in which a walk of the
-// shape meets them, then edges (degenerate ones left out), then quilts. A
+// shape meets them, then edges (degenerate ones left out), then quilts, then
+// the edges that only the faces' contours use (degenerate edges and the
+// second uses of seams). A
 // part made only of meshes takes the appearance of its first mesh when it has
 // none of its own, since its facets can carry only one.
 CadPart buildPart(const std::string& name, const TopoDS_Shape& shape, std::optional<CadAppearance> appearance,

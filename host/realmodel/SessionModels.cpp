@@ -5,6 +5,7 @@
 #include <map>
 #include <string>
 
+#include "host/realmodel/CadInterfaceData.h"
 #include "host/realmodel/HostAppearance.h"
 #include "host/realmodel/StandardViews.h"
 #include "platform/Utf8.h"
@@ -85,6 +86,7 @@ private:
         surface.id = face.id;
         surface.featureId = featureId;
         surface.geometry = std::make_shared<CadSurface>(cad_, partIndex, faceIndex, progress_);
+        surface.contours = contoursOf(face);
         if (face.appearance) {
             surface.appearance = appearancePropsOf(*face.appearance);
             surface.texture = texturePropsOf(*face.appearance);
@@ -99,6 +101,7 @@ private:
         solid.id = largestId(part) + 1;
         solid.type = PRO_FEAT_TYPE_SOLID;
         model.features.push_back(solid);
+        if (!part.faces.empty()) model.exactGeometry = std::make_shared<CadInterfaceData>(cad_, index);
         if (part.appearance) {
             model.appearance = appearancePropsOf(*part.appearance);
             model.texture = texturePropsOf(*part.appearance);

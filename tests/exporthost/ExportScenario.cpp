@@ -100,6 +100,10 @@ std::vector<int32_t> intsOf(const scenereader::Block& geometry, std::string_view
     return arrayValue(geometry, name).binary.ints;
 }
 
+std::vector<double> doublesOf(const scenereader::Block& geometry, std::string_view name) {
+    return arrayValue(geometry, name).binary.doubles;
+}
+
 std::vector<std::string> materialKeys(const scenereader::Block& block) {
     std::vector<std::string> keys;
     for (const scenereader::Block* material : block.descendants("material")) keys.push_back(material->name());

@@ -54,6 +54,7 @@ std::vector<const scenereader::Block*> objectsOf(const scenereader::Block& block
 // The float triples, floats or ints of a geometry's array attribute.
 std::vector<float> floatsOf(const scenereader::Block& geometry, std::string_view name);
 std::vector<int32_t> intsOf(const scenereader::Block& geometry, std::string_view name);
+std::vector<double> doublesOf(const scenereader::Block& geometry, std::string_view name);
 // The keys of every material below a block, in file order.
 std::vector<std::string> materialKeys(const scenereader::Block& block);
 // The value of a parameter-form option of the importer's module, as text.

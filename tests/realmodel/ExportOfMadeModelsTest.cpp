@@ -124,6 +124,14 @@ TEST(ExportOfMadeModels, NoTriangleCoversAHole) {
     EXPECT_GT(topTriangles, 8u);
 }
 
+// The materials of the meshes alone: with NURBS each exact object carries its
+// row's material too.
+ExportSettings meshesOnly() {
+    ExportSettings settings;
+    settings.includeNurbs = false;
+    return settings;
+}
+
 TEST(ExportOfMadeModels, FaceColoursGiveAMaterialEachAndAPartColourOne) {
     const TopoDS_Shape box = BRepPrimAPI_MakeBox(2.0, 2.0, 2.0).Shape();
     ScratchFolder partFolder;
@@ -131,7 +139,7 @@ TEST(ExportOfMadeModels, FaceColoursGiveAMaterialEachAndAPartColourOne) {
     const TDF_Label part = partColoured.addPart("PAINTED", box);
     partColoured.setColour(part, 0.0, 0.0, 1.0);
     partColoured.writeStep(partFolder.file("painted.step"), "mm");
-    const ExportedScene one = exportFile(partFolder.file("painted.step"), partFolder.path());
+    const ExportedScene one = exportFile(partFolder.file("painted.step"), partFolder.path(), meshesOnly());
     EXPECT_EQ(one.report.summary.materials, 1u);
     EXPECT_EQ(one.report.summary.triangleMeshes, 1u);
 
@@ -141,7 +149,7 @@ TEST(ExportOfMadeModels, FaceColoursGiveAMaterialEachAndAPartColourOne) {
     faceColoured.setColour(twoTone, 0.0, 0.0, 1.0);
     faceColoured.setFaceColour(twoTone, TopExp_Explorer(box, TopAbs_FACE).Current(), 1.0, 0.0, 0.0);
     faceColoured.writeStep(faceFolder.file("two-tone.step"), "mm");
-    const ExportedScene two = exportFile(faceFolder.file("two-tone.step"), faceFolder.path());
+    const ExportedScene two = exportFile(faceFolder.file("two-tone.step"), faceFolder.path(), meshesOnly());
     EXPECT_EQ(two.report.summary.materials, 2u);
     std::vector<std::string> keys;
     for (const scenereader::Block* material : two.document.root.descendants("material")) keys.push_back(material->name());
@@ -176,7 +184,7 @@ TEST(ExportOfMadeModels, StepColoursReachTheMaterialsAsTheFileWritesThem) {
         at = close;
     }
     writeText(path, text);
-    const ExportedScene scene = exportFile(path, folder.path());
+    const ExportedScene scene = exportFile(path, folder.path(), meshesOnly());
     std::vector<std::string> colours;
     for (const scenereader::Block* material : scene.document.root.descendants("material")) {
         const std::string& key = material->name();
@@ -232,7 +240,8 @@ TEST(ExportOfMadeModels, TextureOfAFaceIsFoundOnTheSearchPath) {
     wood.texturePath = image.string();
     model.sourcePath = (folder.path() / "tile.step").string();
     model.parts.at(0).faces.at(0).appearance = wood;
-    const ExportedScene scene = exportModel(std::make_shared<const cad::CadModel>(std::move(model)), folder.path());
+    const ExportedScene scene =
+        exportModel(std::make_shared<const cad::CadModel>(std::move(model)), folder.path(), meshesOnly());
     const auto materials = scene.document.root.descendants("material");
     ASSERT_EQ(materials.size(), 1u);
     EXPECT_EQ(materials[0]->name(), "shape:wood:153:102:51");
@@ -299,7 +308,7 @@ TEST(ExportOfMadeModels, AnOccurrencePaintedInTheAssemblyShowsItsColourWithAssem
     builder.writeStep(folder.file("painted-use.step"), "mm");
 
     for (bool assemblyMaterials : {true, false}) {
-        ExportSettings settings;
+        ExportSettings settings = meshesOnly();
         settings.useAssemblyMaterials = assemblyMaterials;
         const ExportedScene scene = exportFile(folder.file("painted-use.step"), folder.path(), settings);
         const auto groups = partGroupsNamed(scene.document, "BRACKET");

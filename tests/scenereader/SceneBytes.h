@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <initializer_list>
 #include <string>
+#include <vector>
 #include <string_view>
 
 class SceneBytes {
@@ -24,12 +25,14 @@ public:
         for (float value : values) word(std::bit_cast<uint32_t>(value));
         return *this;
     }
-    SceneBytes& ints(std::initializer_list<int32_t> values) {
+    SceneBytes& ints(std::initializer_list<int32_t> values) { return ints(std::vector<int32_t>(values)); }
+    SceneBytes& ints(const std::vector<int32_t>& values) {
         marker('i', static_cast<uint32_t>(values.size()));
         for (int32_t value : values) word(static_cast<uint32_t>(value));
         return *this;
     }
-    SceneBytes& doubles(std::initializer_list<double> values) {
+    SceneBytes& doubles(std::initializer_list<double> values) { return doubles(std::vector<double>(values)); }
+    SceneBytes& doubles(const std::vector<double>& values) {
         marker('r', static_cast<uint32_t>(values.size()));
         for (double value : values) {
             auto bits = std::bit_cast<uint64_t>(value);

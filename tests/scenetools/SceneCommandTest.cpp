@@ -66,7 +66,7 @@ TEST_F(SceneCommand, CheckPrintsSummaryAndFailsOnParseErrorsAndFailedChecks) {
     EXPECT_EQ(run({"check", "--json", good, failing}), 1);
     const std::string json = out_.str();
     EXPECT_TRUE(json.starts_with("{\"file\":\"" + good +
-                                 "\",\"sound\":true,\"problems\":[],\"summary\":{\"groups\":0,"
+                                 "\",\"sound\":true,\"problems\":[],\"warnings\":[],\"summary\":{\"groups\":0,"
                                  "\"objects\":1,\"triangleMeshes\":1,\"triangles\":1,"))
         << json;
     EXPECT_NE(json.find("\n{\"file\":\"" + failing + "\",\"sound\":false,\"problems\":[\"object \\\"a\\\""),
