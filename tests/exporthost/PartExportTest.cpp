@@ -53,8 +53,7 @@ TEST(PartExport, SceneHoldsOptionsCamerasOneMeshPerAppearanceAndMaterials) {
     bracket.currentView = {{{0, 2, 0, 0}, {-2, 0, 0, 0}, {0, 0, 2, 0}, {10, 20, 30, 1}}};
     addView(bracket, u"FRONT", host::identityMatrix());
     addView(bracket, u"TOP", {{{1, 0, 0, 0}, {0, 0, 1, 0}, {0, -1, 0, 0}, {-4, 6, 8, 1}}});
-    run.open(bracket, PRO_MODE_PART);
-    run.pressExport();
+    run.openAndExport(bracket, PRO_MODE_PART);
 
     scenereader::Document scene = run.readScene();
     ASSERT_FALSE(scene.comments.empty());
@@ -127,8 +126,7 @@ TEST(PartExport, ChordHeightFollowsTheQualitySetting) {
         ExportScenario run;
         run.setSetting("tessellationQuality", quality);
         host::Model& plate = run.session.addModel(part(u"plate", 1));
-        run.open(plate, PRO_MODE_PART);
-        run.pressExport();
+        run.openAndExport(plate, PRO_MODE_PART);
         const auto& requests = run.session.tessellationRequests();
         ASSERT_EQ(requests.size(), 1u);
         EXPECT_NEAR(requests[0].chordHeight, chord, 1e-11) << quality;
@@ -151,8 +149,7 @@ TEST(PartExport, RetryLadderClimbsThenDescends) {
         ExportScenario run;
         host::Model& plate = run.session.addModel(part(u"plate", 2));
         testSurface(plate.surfaces[0]).failAbove(q035);
-        run.open(plate, PRO_MODE_PART);
-        run.pressExport();
+        run.openAndExport(plate, PRO_MODE_PART);
         EXPECT_EQ(run.session.tessellationRequests().size(), 4u);
         expectHeights(run, {q02, q03, q04, q02});
         EXPECT_EQ(floatsOf(geometryOf(*objectsOf(solidGroup(run.readScene())).at(0)), "vertices").size(), 24u);
@@ -164,8 +161,7 @@ TEST(PartExport, RetryLadderClimbsThenDescends) {
         run.setSetting("tessellationQuality", "0.9");
         host::Model& plate = run.session.addModel(part(u"plate", 2));
         testSurface(plate.surfaces[0]).failBelow(q085);
-        run.open(plate, PRO_MODE_PART);
-        run.pressExport();
+        run.openAndExport(plate, PRO_MODE_PART);
         expectHeights(run, {q09, q10, q09, q08});
     }
 }
@@ -177,8 +173,7 @@ TEST(PartExport, SurfacesLeftOutAndTheIndexBase) {
         host::Model& plate = run.session.addModel(part(u"plate", 2));
         testSurface(plate.surfaces[0])
             .answerNullHandle();
-        run.open(plate, PRO_MODE_PART);
-        run.pressExport();
+        run.openAndExport(plate, PRO_MODE_PART);
         EXPECT_EQ(run.session.tessellationRequests().size(), 2u);
         scenereader::Document scene = run.readScene();
         const Block& mesh = geometryOf(*objectsOf(solidGroup(scene)).at(0));
@@ -197,8 +192,7 @@ TEST(PartExport, SurfacesLeftOutAndTheIndexBase) {
         looseSurface.id = 300;
         looseSurface.geometry = std::make_shared<host::TestSurface>(loose);
         plate.surfaces.insert(plate.surfaces.begin(), looseSurface);
-        run.open(plate, PRO_MODE_PART);
-        run.pressExport();
+        run.openAndExport(plate, PRO_MODE_PART);
         scenereader::Document scene = scenereader::readSceneFile(run.path("scene.vnz").string());
         const Block& mesh = geometryOf(*objectsOf(solidGroup(scene)).at(0));
         EXPECT_EQ(floatsOf(mesh, "vertices").size(), 12u);
@@ -224,8 +218,7 @@ TEST(PartExport, MaterialsFromSurfacePartAndDefault) {
     // An empty Name means no appearance of its own: the part's record and
     // texture stand in for it.
     crate.surfaces[2].appearance = appearance(u"", {0, 1, 0}, 1.0, u"Ignored");
-    run.open(crate, PRO_MODE_PART);
-    run.pressExport();
+    run.openAndExport(crate, PRO_MODE_PART);
 
     scenereader::Document scene = run.readScene();
     const Block& solid = solidGroup(scene);
@@ -249,23 +242,11 @@ TEST(PartExport, MaterialsFromSurfacePartAndDefault) {
     EXPECT_EQ(texturePath(*objects[2]), (run.path("maps") / "pine.png").string());
 }
 
-TEST(PartExport, MaterialKeysWithoutThePartsName) {
-    ExportScenario run;
-    run.setSetting("includeNURBS", "false");
-    run.setSetting("separateMaterials", "false");
-    host::Model& bracket = run.session.addModel(part(u"BRACKET", 1));
-    bracket.surfaces[0].appearance = appearance(u"steel", {0.5, 0.5, 0.5}, 1.0, u"Steel");
-    run.open(bracket, PRO_MODE_PART);
-    run.pressExport();
-    EXPECT_EQ(materialKeys(solidGroup(run.readScene())), std::vector<std::string>{"steel:128:128:128"});
-}
-
 TEST(PartExport, FacetSetIsOneFlatMeshWithoutUv) {
     ExportScenario run;
     host::Model& scan = run.session.addModel(part(u"scan", 0));
     addFacetSet(scan, 2);
-    run.open(scan, PRO_MODE_PART);
-    run.pressExport();
+    run.openAndExport(scan, PRO_MODE_PART);
     scenereader::Document scene = run.readScene();
     const Block& solid = solidGroup(scene);
     EXPECT_EQ(solid.statement("flags")->numbers(), std::vector<double>{1024});
@@ -322,8 +303,7 @@ TEST(PartExport, OtherModesAndNoModel) {
         ExportScenario run;
         host::Model& drawing = run.session.addModel(part(u"sheet", 1));
         addView(drawing, u"FRONT", host::identityMatrix());
-        run.open(drawing, 3);
-        run.pressExport();
+        run.openAndExport(drawing, 3);
         scenereader::Document scene = run.readScene();
         const Block& model = topGroup(scene);
         EXPECT_EQ(model.children("camera").size(), 2u);
@@ -351,8 +331,7 @@ TEST(PartExport, FileDialogOffersTheLastPathWithinItsBuffers) {
         ExportScenario run;
         run.setSetting("exportPath", exportPath);
         host::Model& wheel = run.session.addModel(part(u"wheel", 1));
-        run.open(wheel, PRO_MODE_PART);
-        run.pressExport();
+        run.openAndExport(wheel, PRO_MODE_PART);
         ASSERT_EQ(run.session.fileDialogs().size(), 1u);
         EXPECT_EQ(run.session.fileDialogs()[0].title, u"Save as vnz");
         EXPECT_EQ(run.session.fileDialogs()[0].filter, u"*.vnz");
