@@ -171,8 +171,7 @@ TEST(PartExport, SurfacesLeftOutAndTheIndexBase) {
         // A null tessellation is final: no retry, the surface is left out.
         ExportScenario run;
         host::Model& plate = run.session.addModel(part(u"plate", 2));
-        testSurface(plate.surfaces[0])
-            .answerNullHandle();
+        testSurface(plate.surfaces[0]).answerNullHandle();
         run.openAndExport(plate, PRO_MODE_PART);
         EXPECT_EQ(run.session.tessellationRequests().size(), 2u);
         scenereader::Document scene = run.readScene();

@@ -103,15 +103,11 @@ TEST(ObjectLayer, TransformsRelativeUnlessAbsolute) {
     EXPECT_EQ(scene.textAfterBanner(), "transform" + values + "transform" + values + "set transform" + values);
 }
 
-TEST(LightCamera, DefaultCameraWithItsEnvironment) {
+// A default camera with its environment, then the optional parts and the projections.
+TEST(LightCamera, DefaultsOptionalPartsAndProjections) {
     LayerOnCapture scene;
-    nvx::LightCamera camera("view");
-    scene.layer.add(camera);
-    EXPECT_EQ(scene.textAfterBanner(), golden("default_camera.txt"));
-}
-
-TEST(LightCamera, OptionalPartsAndProjections) {
-    LayerOnCapture scene;
+    nvx::LightCamera byDefault("view");
+    scene.layer.add(byDefault);
     nvx::LightCamera camera("c");
     camera.has_look_at = true;
     camera.near_clip = 1;
@@ -135,7 +131,7 @@ TEST(LightCamera, OptionalPartsAndProjections) {
 
     // The inner camera is refused while the outer is open: its lines land in
     // the outer block, and its end closes it.
-    EXPECT_EQ(scene.textAfterBanner(), golden("camera_parts.txt"));
+    EXPECT_EQ(scene.textAfterBanner(), golden("cameras.txt"));
 }
 
 }  // namespace
