@@ -120,19 +120,6 @@ TEST(PartExport, SceneHoldsOptionsCamerasOneMeshPerAppearanceAndMaterials) {
 // Chord heights of a part whose outline has the diagonal d: coarse is
 // d x 0.0005, fine d x 0.0000001, and quality q takes t = 1 + 0.2 ln q of the
 // way from coarse to fine.
-TEST(PartExport, ChordHeightFollowsTheQualitySetting) {
-    // One unit square: d = sqrt 2.
-    for (auto [quality, chord] : {std::pair{"1", 1.4142136e-7}, {"0.2", 2.2770479e-4}}) {
-        ExportScenario run;
-        run.setSetting("tessellationQuality", quality);
-        host::Model& plate = run.session.addModel(part(u"plate", 1));
-        run.openAndExport(plate, PRO_MODE_PART);
-        const auto& requests = run.session.tessellationRequests();
-        ASSERT_EQ(requests.size(), 1u);
-        EXPECT_NEAR(requests[0].chordHeight, chord, 1e-11) << quality;
-    }
-}
-
 TEST(PartExport, RetryLadderClimbsThenDescends) {
     // Two squares side by side: d = sqrt 5. Chord heights by quality:
     const double q02 = 3.6003289e-4, q03 = 2.6938627e-4, q035 = 2.3492402e-4, q04 = 2.0507147e-4;
