@@ -85,8 +85,7 @@ TEST(AssemblyExport, TreeOfGroupsWithRelativeTransformsAndTheLeftOutSubtrees) {
     addComponent(rig, &shield, 14);
     addComponent(rig, &panel, 15).status = PRO_FEAT_SUPPRESSED;
     addLayer(rig, 1, u"HIDDEN_PARTS", PRO_LAYER_BLANK, {{PRO_LAYER_ITEM_FEATURE, 14}});
-    run.open(rig, PRO_MODE_ASSEMBLY);
-    run.pressExport();
+    run.openAndExport(rig, PRO_MODE_ASSEMBLY);
 
     scenereader::Document scene = run.readScene();
     const Block& model = topGroup(scene);
@@ -126,8 +125,7 @@ std::string exportedParts(const std::function<void(host::Session&, host::Model& 
     for (const auto& [element, text] : settings) run.setSetting(element, text);
     host::Model& top = run.session.addModel(assembly(u"top"));
     build(run.session, top);
-    run.open(top, PRO_MODE_ASSEMBLY);
-    run.pressExport();
+    run.openAndExport(top, PRO_MODE_ASSEMBLY);
     return tree(topGroup(run.readScene()));
 }
 
@@ -167,8 +165,7 @@ TEST(AssemblyExport, ThreadsBackupAndHiddenQuiltsStayOut) {
     body.features.back().type = PRO_FEAT_TYPE_THREAD;          // the quilt's own feature is a thread
     host::Model& top = run.session.addModel(assembly(u"top"));
     addComponent(top, &body, 10);
-    run.open(top, PRO_MODE_ASSEMBLY);
-    run.pressExport();
+    run.openAndExport(top, PRO_MODE_ASSEMBLY);
     EXPECT_EQ(run.session.tessellationRequests().size(), 2u) << "the body's square and the visible quilt only";
     EXPECT_EQ(tree(topGroup(run.readScene())), "body(1)");
 }

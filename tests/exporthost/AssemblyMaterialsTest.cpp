@@ -5,10 +5,9 @@
 
 #include <unistd.h>
 
-#include <fstream>
-#include <sstream>
 
 #include "tests/exporthost/ExportScenario.h"
+#include "tests/toolkit/FileText.h"
 
 namespace exporttest {
 namespace {
@@ -39,12 +38,7 @@ std::vector<std::vector<std::string>> keysPerOccurrence(const scenereader::Docum
     return keys;
 }
 
-std::string fileText(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
+using testsupport::fileText;
 
 TEST(AssemblyMaterials, ThePaintedOccurrenceShowsItsAssemblyColourOnlyWithTheSetting) {
     struct Case {

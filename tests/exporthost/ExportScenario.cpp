@@ -3,11 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
-#include <sstream>
 
 #include "host/testing/TestSession.h"
 #include "scenereader/SceneChecks.h"
 #include "scenereader/SceneReader.h"
+#include "tests/toolkit/FileText.h"
 
 namespace exporttest {
 
@@ -66,10 +66,7 @@ scenereader::Document ExportScenario::readScene(const std::string& fileName) con
 }
 
 std::string ExportScenario::settingsFile() const {
-    std::ifstream file(directory_ / "vantrel_plugin_settings.xml");
-    std::stringstream text;
-    text << file.rdbuf();
-    return text.str();
+    return testsupport::fileText(directory_ / "vantrel_plugin_settings.xml");
 }
 
 const scenereader::Block& topGroup(const scenereader::Document& scene) {

@@ -32,6 +32,10 @@ public:
     // Presses Export: the file dialog is answered with `fileName` in the
     // working directory and the finish dialog with OK.
     void pressExport(const std::string& fileName = "scene.vnz");
+    void openAndExport(host::Model& model, int mode) {
+        open(model, mode);
+        pressExport();
+    }
     int press(const std::string& command);
 
     fs::path path(const std::string& fileName) const { return directory_ / fileName; }

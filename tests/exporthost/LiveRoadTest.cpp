@@ -7,6 +7,7 @@
 
 #include "scenereader/SceneReader.h"
 #include "tests/exporthost/ExportScenario.h"
+#include "tests/exporthost/Rig.h"
 #include "tests/sceneapi/live/LiveTestSupport.h"
 
 namespace exporttest {
@@ -15,8 +16,6 @@ namespace {
 using namespace host::fixtures;
 using livetest::LiveEnvironment;
 using livetest::StubControl;
-using scenereader::Block;
-
 
 const std::string FILE_HEADER =
     "//---norvex:dal:7---\n//---import:dal:1---\n//---id:1---\n// This is a Vantrel scene file\n\n";
@@ -35,25 +34,9 @@ protected:
         stub.scriptInstances({FRESH_RENDERER.c_str()});
         stub.setProcess(11, true, "<scene/>");
         stub.acceptPort(5001);
-        buildRig();
-    }
-
-    // rig: frame [bolt, bolt, wheel [hub]], cover; and a surface of its own.
-    void buildRig() {
-        bolt = &run.session.addModel(part(u"bolt", 1));
-        host::Model& hub = run.session.addModel(part(u"hub", 1));
-        host::Model& cover = run.session.addModel(part(u"cover", 2));
-        host::Model& wheel = run.session.addModel(assembly(u"wheel"));
-        addComponent(wheel, &hub, 31);
-        host::Model& frame = run.session.addModel(assembly(u"frame"));
-        addComponent(frame, bolt, 21, translation(1, 0, 0));
-        addComponent(frame, bolt, 22, translation(2, 0, 0));
-        addComponent(frame, &wheel, 23);
-        host::Model& rig = run.session.addModel(part(u"rig", 1));
-        rig.type = PRO_MDL_ASSEMBLY;
-        addComponent(rig, &frame, 11);
-        addComponent(rig, &cover, 12);
-        run.open(rig, PRO_MODE_ASSEMBLY);
+        Rig rig = buildRig(run.session);
+        bolt = rig.bolt;
+        run.open(*rig.rig, PRO_MODE_ASSEMBLY);
     }
 
     // Presses a command and answers what it printed.
@@ -75,20 +58,9 @@ protected:
     host::Model* bolt = nullptr;
 };
 
-// The solid groups that carry geometry (flags 1024), in scene order.
-std::string groupsWithGeometry(const scenereader::Document& scene) {
-    std::string names;
-    for (const Block* group : scene.root.descendants("group")) {
-        const scenereader::Statement* flags = group->statement("flags");
-        if (flags && flags->numbers() == std::vector<double>{1024}) names += (names.empty() ? "" : " ") + group->name();
-    }
-    return names;
-}
-
 TEST_F(LiveRoad, RenderSendsWhatTheFileRoadWritesWithoutTheHeaderAndWithTheGroupFlags) {
     run.pressExport("file.vnz");
-    std::ifstream stream(run.path("file.vnz"), std::ios::binary);
-    std::string file((std::istreambuf_iterator<char>(stream)), std::istreambuf_iterator<char>());
+    std::string file = livetest::fileText(run.path("file.vnz"));
     ASSERT_EQ(file.rfind(FILE_HEADER, 0), 0u);
 
     EXPECT_EQ(press("Vantrel Plugin Render"), "");
@@ -138,7 +110,7 @@ TEST(LiveRoadWithoutRenderer, RenderPrintsFailedUpdateStaysSilentAndTheLogSaysWh
     EXPECT_EQ(run.press("Vantrel Plugin Update"), 0);
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "") << "an Update without a renderer stays silent";
     EXPECT_EQ(run.session.tessellationRequests().size(), 0u) << "no scene, no geometry";
-    std::string log = livetest::readFile(live.temporary / "sceneapi.log");
+    std::string log = livetest::fileText(live.temporary / "sceneapi.log");
     const std::string lines[] = {" DEBUG4:  nvxVantrelLiveLoader :: initialize()\n",
                                  " DEBUG4:  initialize shared handle: 0\n", " WARNING:  NO shared handle\n"};
     for (const std::string& line : lines) {

@@ -53,8 +53,7 @@ TEST(PartExport, SceneHoldsOptionsCamerasOneMeshPerAppearanceAndMaterials) {
     bracket.currentView = {{{0, 2, 0, 0}, {-2, 0, 0, 0}, {0, 0, 2, 0}, {10, 20, 30, 1}}};
     addView(bracket, u"FRONT", host::identityMatrix());
     addView(bracket, u"TOP", {{{1, 0, 0, 0}, {0, 0, 1, 0}, {0, -1, 0, 0}, {-4, 6, 8, 1}}});
-    run.open(bracket, PRO_MODE_PART);
-    run.pressExport();
+    run.openAndExport(bracket, PRO_MODE_PART);
 
     scenereader::Document scene = run.readScene();
     ASSERT_FALSE(scene.comments.empty());
@@ -121,20 +120,6 @@ TEST(PartExport, SceneHoldsOptionsCamerasOneMeshPerAppearanceAndMaterials) {
 // Chord heights of a part whose outline has the diagonal d: coarse is
 // d x 0.0005, fine d x 0.0000001, and quality q takes t = 1 + 0.2 ln q of the
 // way from coarse to fine.
-TEST(PartExport, ChordHeightFollowsTheQualitySetting) {
-    // One unit square: d = sqrt 2.
-    for (auto [quality, chord] : {std::pair{"1", 1.4142136e-7}, {"0.2", 2.2770479e-4}}) {
-        ExportScenario run;
-        run.setSetting("tessellationQuality", quality);
-        host::Model& plate = run.session.addModel(part(u"plate", 1));
-        run.open(plate, PRO_MODE_PART);
-        run.pressExport();
-        const auto& requests = run.session.tessellationRequests();
-        ASSERT_EQ(requests.size(), 1u);
-        EXPECT_NEAR(requests[0].chordHeight, chord, 1e-11) << quality;
-    }
-}
-
 TEST(PartExport, RetryLadderClimbsThenDescends) {
     // Two squares side by side: d = sqrt 5. Chord heights by quality:
     const double q02 = 3.6003289e-4, q03 = 2.6938627e-4, q035 = 2.3492402e-4, q04 = 2.0507147e-4;
@@ -151,8 +136,7 @@ TEST(PartExport, RetryLadderClimbsThenDescends) {
         ExportScenario run;
         host::Model& plate = run.session.addModel(part(u"plate", 2));
         testSurface(plate.surfaces[0]).failAbove(q035);
-        run.open(plate, PRO_MODE_PART);
-        run.pressExport();
+        run.openAndExport(plate, PRO_MODE_PART);
         EXPECT_EQ(run.session.tessellationRequests().size(), 4u);
         expectHeights(run, {q02, q03, q04, q02});
         EXPECT_EQ(floatsOf(geometryOf(*objectsOf(solidGroup(run.readScene())).at(0)), "vertices").size(), 24u);
@@ -164,8 +148,7 @@ TEST(PartExport, RetryLadderClimbsThenDescends) {
         run.setSetting("tessellationQuality", "0.9");
         host::Model& plate = run.session.addModel(part(u"plate", 2));
         testSurface(plate.surfaces[0]).failBelow(q085);
-        run.open(plate, PRO_MODE_PART);
-        run.pressExport();
+        run.openAndExport(plate, PRO_MODE_PART);
         expectHeights(run, {q09, q10, q09, q08});
     }
 }
@@ -175,10 +158,8 @@ TEST(PartExport, SurfacesLeftOutAndTheIndexBase) {
         // A null tessellation is final: no retry, the surface is left out.
         ExportScenario run;
         host::Model& plate = run.session.addModel(part(u"plate", 2));
-        testSurface(plate.surfaces[0])
-            .answerNullHandle();
-        run.open(plate, PRO_MODE_PART);
-        run.pressExport();
+        testSurface(plate.surfaces[0]).answerNullHandle();
+        run.openAndExport(plate, PRO_MODE_PART);
         EXPECT_EQ(run.session.tessellationRequests().size(), 2u);
         scenereader::Document scene = run.readScene();
         const Block& mesh = geometryOf(*objectsOf(solidGroup(scene)).at(0));
@@ -197,8 +178,7 @@ TEST(PartExport, SurfacesLeftOutAndTheIndexBase) {
         looseSurface.id = 300;
         looseSurface.geometry = std::make_shared<host::TestSurface>(loose);
         plate.surfaces.insert(plate.surfaces.begin(), looseSurface);
-        run.open(plate, PRO_MODE_PART);
-        run.pressExport();
+        run.openAndExport(plate, PRO_MODE_PART);
         scenereader::Document scene = scenereader::readSceneFile(run.path("scene.vnz").string());
         const Block& mesh = geometryOf(*objectsOf(solidGroup(scene)).at(0));
         EXPECT_EQ(floatsOf(mesh, "vertices").size(), 12u);
@@ -224,8 +204,7 @@ TEST(PartExport, MaterialsFromSurfacePartAndDefault) {
     // An empty Name means no appearance of its own: the part's record and
     // texture stand in for it.
     crate.surfaces[2].appearance = appearance(u"", {0, 1, 0}, 1.0, u"Ignored");
-    run.open(crate, PRO_MODE_PART);
-    run.pressExport();
+    run.openAndExport(crate, PRO_MODE_PART);
 
     scenereader::Document scene = run.readScene();
     const Block& solid = solidGroup(scene);
@@ -249,23 +228,11 @@ TEST(PartExport, MaterialsFromSurfacePartAndDefault) {
     EXPECT_EQ(texturePath(*objects[2]), (run.path("maps") / "pine.png").string());
 }
 
-TEST(PartExport, MaterialKeysWithoutThePartsName) {
-    ExportScenario run;
-    run.setSetting("includeNURBS", "false");
-    run.setSetting("separateMaterials", "false");
-    host::Model& bracket = run.session.addModel(part(u"BRACKET", 1));
-    bracket.surfaces[0].appearance = appearance(u"steel", {0.5, 0.5, 0.5}, 1.0, u"Steel");
-    run.open(bracket, PRO_MODE_PART);
-    run.pressExport();
-    EXPECT_EQ(materialKeys(solidGroup(run.readScene())), std::vector<std::string>{"steel:128:128:128"});
-}
-
 TEST(PartExport, FacetSetIsOneFlatMeshWithoutUv) {
     ExportScenario run;
     host::Model& scan = run.session.addModel(part(u"scan", 0));
     addFacetSet(scan, 2);
-    run.open(scan, PRO_MODE_PART);
-    run.pressExport();
+    run.openAndExport(scan, PRO_MODE_PART);
     scenereader::Document scene = run.readScene();
     const Block& solid = solidGroup(scene);
     EXPECT_EQ(solid.statement("flags")->numbers(), std::vector<double>{1024});
@@ -322,8 +289,7 @@ TEST(PartExport, OtherModesAndNoModel) {
         ExportScenario run;
         host::Model& drawing = run.session.addModel(part(u"sheet", 1));
         addView(drawing, u"FRONT", host::identityMatrix());
-        run.open(drawing, 3);
-        run.pressExport();
+        run.openAndExport(drawing, 3);
         scenereader::Document scene = run.readScene();
         const Block& model = topGroup(scene);
         EXPECT_EQ(model.children("camera").size(), 2u);
@@ -351,8 +317,7 @@ TEST(PartExport, FileDialogOffersTheLastPathWithinItsBuffers) {
         ExportScenario run;
         run.setSetting("exportPath", exportPath);
         host::Model& wheel = run.session.addModel(part(u"wheel", 1));
-        run.open(wheel, PRO_MODE_PART);
-        run.pressExport();
+        run.openAndExport(wheel, PRO_MODE_PART);
         ASSERT_EQ(run.session.fileDialogs().size(), 1u);
         EXPECT_EQ(run.session.fileDialogs()[0].title, u"Save as vnz");
         EXPECT_EQ(run.session.fileDialogs()[0].filter, u"*.vnz");

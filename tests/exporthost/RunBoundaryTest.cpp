@@ -30,8 +30,7 @@ TEST(RunBoundary, GroupsAndObjectsNameANonAsciiPartAlike) {
         ExportScenario run;
         run.setSetting("includeNURBS", "false");
         host::Model& gear = run.session.addModel(part(u"Zahnrad-\u00e4", 1));
-        run.open(gear, PRO_MODE_PART);
-        run.pressExport();
+        run.openAndExport(gear, PRO_MODE_PART);
         const scenereader::Document scene = run.readScene();
         const scenereader::Block& model = topGroup(scene);
         const scenereader::Block* solid = model.child("group");

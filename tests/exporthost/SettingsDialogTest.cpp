@@ -3,11 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <fstream>
-#include <sstream>
 
 #include "host/DialogBoard.h"
 #include "tests/exporthost/ExportScenario.h"
+#include "tests/toolkit/FileText.h"
 
 namespace exporttest {
 namespace {
@@ -16,12 +15,7 @@ using namespace host::fixtures;
 
 constexpr const char* dialog = "Vantrel_Settings";
 
-std::string expectedLayout() {
-    std::ifstream file(std::string(VANTREL_TEST_DATA) + "/settings_dialog.txt");
-    std::stringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
+std::string expectedLayout() { return testsupport::fileText(VANTREL_TEST_DATA "/settings_dialog.txt"); }
 
 // A part open in the session and the plug-in started with these settings.
 class SettingsDialog : public ::testing::Test {

@@ -13,19 +13,16 @@
 #include "host/ActiveSession.h"
 #include "host/FunctionTable.h"
 #include "host/Session.h"
-#include "host/testing/ModelBuilder.h"
 #include "importers/sceneapi/LightFactory.h"
 #include "importers/sceneapi/nvxSceneapi_oo.h"
 #include "plugin/core/VantrelPlugin.h"
 #include "scenereader/SceneReader.h"
+#include "tests/exporthost/Rig.h"
 #include "toolkit/Startup.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-using namespace host::fixtures;
-using scenereader::Block;
-
 
 // The plug-in started in this process through its entry point, on a session
 // of its own, in a working directory of its own.
@@ -44,32 +41,17 @@ protected:
         ASSERT_EQ(user_initialize_plus(0, nullptr, "3.0", "M010", 0, errorText, directory_.c_str(), "", "",
                                        host::applicationContext, 0, table.data(), static_cast<int>(table.size()), 6),
                   0);
-        buildRig();
+        exporttest::Rig built = exporttest::buildRig(session);
+        bolt = built.bolt;
+        rig = built.rig;
+        session.setCurrentModel(rig);
+        session.setMode(PRO_MODE_ASSEMBLY);
     }
     void TearDown() override {
         user_terminate_plus();
         activation_.reset();
         fs::current_path(previous_);
         fs::remove_all(directory_);
-    }
-
-    // rig (with a surface of its own): frame [bolt, bolt, wheel [hub]], cover.
-    void buildRig() {
-        bolt = &session.addModel(part(u"bolt", 1));
-        host::Model& hub = session.addModel(part(u"hub", 1));
-        host::Model& cover = session.addModel(part(u"cover", 1));
-        host::Model& wheel = session.addModel(assembly(u"wheel"));
-        addComponent(wheel, &hub, 31);
-        host::Model& frame = session.addModel(assembly(u"frame"));
-        addComponent(frame, bolt, 21, translation(1, 0, 0));
-        addComponent(frame, bolt, 22, translation(2, 0, 0));
-        addComponent(frame, &wheel, 23);
-        rig = &session.addModel(part(u"rig", 1));
-        rig->type = PRO_MDL_ASSEMBLY;
-        addComponent(*rig, &frame, 11);
-        addComponent(*rig, &cover, 12);
-        session.setCurrentModel(rig);
-        session.setMode(PRO_MODE_ASSEMBLY);
     }
 
     // One run of the traversal into a scene file, with the plug-in's state
@@ -95,18 +77,7 @@ protected:
             exportModel(context, model, mode, visitData, name);
             layer.end_group();
         }
-        return groupsWithGeometry(scenereader::readSceneFile(file.string()));
-    }
-
-    // The names of the solid groups that carry geometry (flags 1024), in
-    // file order.
-    static std::string groupsWithGeometry(const scenereader::Document& scene) {
-        std::string names;
-        for (const Block* group : scene.root.descendants("group")) {
-            const scenereader::Statement* flags = group->statement("flags");
-            if (flags && flags->numbers() == std::vector<double>{1024}) names += (names.empty() ? "" : " ") + group->name();
-        }
-        return names;
+        return exporttest::groupsWithGeometry(scenereader::readSceneFile(file.string()));
     }
 
     host::Session session;

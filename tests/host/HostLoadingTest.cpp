@@ -8,9 +8,11 @@
 
 namespace {
 
-TEST(HostLoading, HandshakeHandsOverTableContextLanguageAndTextRoot) {
+TEST(HostLoading, HandshakeAndStartupQuestionsAreAnsweredFromTheSession) {
     PluginFolder folder;
     host::Session session;
+    session.setRunMode(3);
+    session.setDisplayVersion("3.0 M010");
     host::Host host(session, folder.plugin());
     PluginRecordReader record(folder.plugin());
     EXPECT_EQ(record->argc, 0);
@@ -24,15 +26,6 @@ TEST(HostLoading, HandshakeHandsOverTableContextLanguageAndTextRoot) {
     EXPECT_TRUE(record->tableSorted);
     EXPECT_EQ(session.texts().root(), folder.root());
     EXPECT_EQ(session.texts().language(), "usascii");
-}
-
-TEST(HostLoading, StartupQuestionsAreAnsweredFromTheSession) {
-    PluginFolder folder;
-    host::Session session;
-    session.setRunMode(3);
-    session.setDisplayVersion("3.0 M010");
-    host::Host host(session, folder.plugin());
-    PluginRecordReader record(folder.plugin());
     EXPECT_EQ(record->unicodeStatus, PRO_TK_NO_ERROR);
     EXPECT_EQ(record->unicode, PRO_B_TRUE);
     EXPECT_EQ(record->runModeStatus, PRO_TK_NO_ERROR);

@@ -7,6 +7,7 @@
 #include "host/OperationShims.h"
 #include "host/ops/OperationSupport.h"
 #include "tests/host/PluginFolder.h"
+#include "tests/toolkit/FileText.h"
 
 namespace {
 
@@ -14,12 +15,9 @@ using host::MessageFile;
 
 TEST(MessageFile, ReadsMessagesAcrossLineEndsBlankLinesAndTranslations) {
     std::string error;
-    std::optional<MessageFile> file = MessageFile::parse(
-        "\xEF\xBB\xBF" "first\r\nFirst text\r\n#\r\n#\r\n"
-        "\r\n   \n"
-        "second\nSecond text  \nZweiter Text\n#\n"
-        "umlaut\nGr\xC3\xBC\xC3\x9F" "e\n#\n#",
-        error);
+    // A byte order mark, CRLF and LF lines, blank lines, a translation and no final line end.
+    std::optional<MessageFile> file =
+        MessageFile::parse(testsupport::fileText(HOST_TEST_DATA "/mixed_line_ends_msg.txt"), error);
     ASSERT_TRUE(file) << error;
     EXPECT_EQ(file->size(), 3u);
     ASSERT_NE(file->find("first"), nullptr);

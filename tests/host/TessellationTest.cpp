@@ -32,41 +32,6 @@ protected:
     ProSurfaceTessellationInput input = nullptr;
 };
 
-TEST_F(Tessellations, ArraysAreNewHostArraysCopiedFromTheMesh) {
-    ProTessellation tessellation = nullptr;
-    ASSERT_EQ(tessellate(1, 0.05, tessellation), PRO_TK_NO_ERROR);
-    ASSERT_NE(tessellation, nullptr);
-    Pro3dPnt* vertices = nullptr;
-    ProVector* normals = nullptr;
-    Pro2dPnt* parameters = nullptr;
-    ProTriangle* triangles = nullptr;
-    ASSERT_EQ(host::shims::ProTessellationVerticesGet(context, tessellation, &vertices), PRO_TK_NO_ERROR);
-    ASSERT_EQ(host::shims::ProTessellationNormalsGet(context, tessellation, &normals), PRO_TK_NO_ERROR);
-    ASSERT_EQ(host::shims::ProTessellationParamsGet(context, tessellation, &parameters), PRO_TK_NO_ERROR);
-    ASSERT_EQ(host::shims::ProTessellationFacetsGet(context, tessellation, &triangles), PRO_TK_NO_ERROR);
-    int sizes[4] = {};
-    host::shims::ProArraySizeGet(context, vertices, &sizes[0]);
-    host::shims::ProArraySizeGet(context, normals, &sizes[1]);
-    host::shims::ProArraySizeGet(context, parameters, &sizes[2]);
-    host::shims::ProArraySizeGet(context, triangles, &sizes[3]);
-    EXPECT_EQ((std::vector<int>(sizes, sizes + 4)), (std::vector<int>{4, 4, 4, 2}));
-    // The second square of the part stands at x = 1.
-    EXPECT_EQ((std::vector<double>{vertices[2][0], vertices[2][1], vertices[2][2]}), (std::vector<double>{2, 1, 0}));
-    EXPECT_EQ(normals[3][2], 1.0);
-    EXPECT_EQ(parameters[1][0], 1.0);
-    EXPECT_EQ((std::vector<int>{triangles[1][0], triangles[1][1], triangles[1][2]}), (std::vector<int>{0, 2, 3}));
-    EXPECT_EQ(host::shims::ProTessellationFree(context, tessellation), PRO_TK_NO_ERROR);
-    // The arrays outlive the tessellation, and are the plug-in's to free.
-    EXPECT_EQ(vertices[3][1], 1.0);
-    EXPECT_EQ(session().arrays().outstanding("tessellation vertices"), 1u);
-    for (void* array : {static_cast<void*>(vertices), static_cast<void*>(normals), static_cast<void*>(parameters),
-                        static_cast<void*>(triangles)}) {
-        EXPECT_EQ(host::shims::ProArrayFree(context, &array), PRO_TK_NO_ERROR);
-    }
-    EXPECT_EQ(session().arrays().outstanding(), 0u);
-    EXPECT_EQ(host::shims::ProTessellationFree(context, tessellation), PRO_TK_BAD_INPUTS);
-}
-
 TEST_F(Tessellations, OutcomesAndChordHeightsAreRecordedPerRequest) {
     replaceGeometry(1, host::TestSurface::unitSquare()).failAbove(0.01).failBelow(0.001);
     replaceGeometry(2, host::TestSurface::unitSquare()).answerNullHandle();
@@ -79,7 +44,8 @@ TEST_F(Tessellations, OutcomesAndChordHeightsAreRecordedPerRequest) {
     EXPECT_NE(tessellate(1, 0.0005, tessellation), PRO_TK_NO_ERROR);
     EXPECT_EQ(tessellation, untouched) << "a refusal leaves the output";
     EXPECT_EQ(tessellate(1, 0.005, tessellation), PRO_TK_NO_ERROR);
-    host::shims::ProTessellationFree(context, tessellation);
+    EXPECT_EQ(host::shims::ProTessellationFree(context, tessellation), PRO_TK_NO_ERROR);
+    EXPECT_EQ(host::shims::ProTessellationFree(context, tessellation), PRO_TK_BAD_INPUTS) << "freed once";
     EXPECT_EQ(tessellate(2, 0.05, tessellation), PRO_TK_NO_ERROR);
     EXPECT_EQ(tessellation, nullptr);
 

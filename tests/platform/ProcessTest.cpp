@@ -7,12 +7,12 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <thread>
 
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
 #include "platform/Process.h"
+#include "tests/toolkit/FileText.h"
 
 namespace {
 
@@ -36,9 +36,7 @@ TEST(Process, StartsAnExecutableWithoutArgumentsOrInheritedHandles) {
     for (int wait = 0; wait < 200 && !fs::exists(report); ++wait)
         std::this_thread::sleep_for(std::chrono::milliseconds(25));
     ::close(kept);
-    std::ifstream lines(report);
-    std::string text((std::istreambuf_iterator<char>(lines)), std::istreambuf_iterator<char>());
-    EXPECT_EQ(text, "/dev/null\n/dev/null\n/dev/null\n0\n");
+    EXPECT_EQ(testsupport::fileText(report), "/dev/null\n/dev/null\n/dev/null\n0\n");
     fs::remove_all(folder);
 
     EXPECT_FALSE(platform::startProcess(u"/nonexistent/program"));

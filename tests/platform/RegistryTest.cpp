@@ -9,6 +9,7 @@
 #include <optional>
 
 #include "platform/Registry.h"
+#include "tests/toolkit/FileText.h"
 
 namespace {
 
@@ -47,23 +48,11 @@ protected:
     std::vector<std::pair<std::string, std::optional<std::string>>> saved;
 };
 
-const std::string USER_HIVE =
-    "Windows Registry Editor Version 5.00\r\n"
-    "\r\n"
-    "; a comment\r\n"
-    "[HKEY_CURRENT_USER\\SOFTWARE\\Norvex\\Vantrel 6]\r\n"
-    "\"Path\"=\"C:\\\\Program Files\\\\Vantrel \\\"6\\\"\"\r\n"
-    "\"Port\"=dword:0000176f\r\n"
-    "\"Big\"=dword:FFFFFFFE\r\n"
-    "\"Binary\"=hex:01,02\r\n"
-    "\"Long\"=\"0123456789\"\r\n"
-    "@=\"default\"\r\n"
-    "\r\n"
-    "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Norvex\\Elsewhere]\r\n"
-    "\"Path\"=\"wrong hive\"\r\n";
+// The user hive as a registry export writes it: CRLF lines, escapes, numbers in hex.
+std::string userHive() { return testsupport::fileText(PLATFORM_TEST_DATA "/user_hive.reg"); }
 
 TEST_F(RegistryFiles, ReadsTextsAndNumbersWithTheirEscapes) {
-    write("user", USER_HIVE);
+    write("user", userHive());
     RegistryKey key = RegistryKey::open(Hive::CurrentUser, u"software\\NORVEX\\vantrel 6");
     ASSERT_TRUE(key.isOpen());
     EXPECT_EQ(key.readText(u"path", 512), u"C:\\Program Files\\Vantrel \"6\"");
@@ -81,7 +70,7 @@ TEST_F(RegistryFiles, ReadsTextsAndNumbersWithTheirEscapes) {
 }
 
 TEST_F(RegistryFiles, KeysExistWithASectionOfTheirOwnOrBelow) {
-    write("user", USER_HIVE);
+    write("user", userHive());
     EXPECT_TRUE(RegistryKey::open(Hive::CurrentUser, u"SOFTWARE\\Norvex").isOpen());
     EXPECT_TRUE(RegistryKey::open(Hive::CurrentUser, u"SOFTWARE").isOpen());
     EXPECT_FALSE(RegistryKey::open(Hive::CurrentUser, u"SOFTWARE\\Norvex\\Vantrel").isOpen());

@@ -1,3 +1,5 @@
+#include <stdexcept>
+
 #include "export/ExportDrivers.h"
 #include "plugin/shell/CommandActions.h"
 #include "plugin/shell/Commands.h"
@@ -8,6 +10,14 @@ namespace {
 using Commands = PluginTest;
 using Calls = std::vector<std::string>;
 
+Calls linesOf(const std::string& path) {
+    std::ifstream file(path);
+    Calls lines;
+    for (std::string line; std::getline(file, line);) lines.push_back(line);
+    if (lines.empty()) throw std::runtime_error("no lines in " + path);
+    return lines;
+}
+
 Calls selectionIcons(const std::string& manual, const std::string& automatic) {
     return {"ProCmdIconSet(Manual selection, " + manual + ")", "ProCmdIconSet(Automatic selection, " + automatic + ")"};
 }
@@ -15,31 +25,7 @@ Calls selectionIcons(const std::string& manual, const std::string& automatic) {
 TEST_F(Commands, RegistrationOrderTextsAndIconsPerSelectionMode) {
     VantrelPlugin plugin;
     EXPECT_EQ(registerCommands(plugin), PRO_TK_NO_ERROR);
-    const Calls atModeZero = {
-        "ProCmdActionAdd(Manual selection, 2, 1, 0)",
-        "ProCmdDesignate(Manual selection, vantrelPluginSettingsManual, vantrelPluginSettingsManualHelp, "
-        "vantrelPluginSettingsManualHelp, vantrel_plugin_msg.txt)",
-        "ProCmdActionAdd(Automatic selection, 2, 1, 0)",
-        "ProCmdDesignate(Automatic selection, vantrelPluginSettingsAutomatic, vantrelPluginSettingsAutomaticHelp, "
-        "vantrelPluginSettingsAutomaticHelp, vantrel_plugin_msg.txt)",
-        "ProCmdIconSet(Manual selection, vr_update_unchecked.png)",
-        "ProCmdIconSet(Automatic selection, vr_update_checked.png)",
-        "ProCmdActionAdd(Vantrel Plugin Settings, 2, 1, 0)",
-        "ProCmdIconSet(Vantrel Plugin Settings, vr_settings.png)",
-        "ProCmdActionAdd(Vantrel Plugin Render, 2, 1, 0)",
-        "ProCmdIconSet(Vantrel Plugin Render, vr_render.png)",
-        "ProCmdActionAdd(Vantrel Plugin Export, 2, 1, 0)",
-        "ProCmdIconSet(Vantrel Plugin Export, vr_export.png)",
-        "ProCmdActionAdd(Vantrel Plugin Update, 2, 1, 0)",
-        "ProCmdIconSet(Vantrel Plugin Update, vr_update.png)",
-        "ProCmdDesignate(Vantrel Plugin Settings, vantrelPluginSettings, vantrelPluginSettingsHelp, "
-        "Vantrel Plugin Settings, vantrel_plugin_msg.txt)",
-        "ProCmdDesignate(Vantrel Plugin Render, vantrelPluginRender, vantrelPluginRenderHelp, "
-        "Vantrel Plugin Render, vantrel_plugin_msg.txt)",
-        "ProCmdDesignate(Vantrel Plugin Export, vantrelPluginExport, vantrelPluginExportHelp, "
-        "Vantrel Plugin Export, vantrel_plugin_msg.txt)",
-        "ProCmdDesignate(Vantrel Plugin Update, vantrelPluginUpdate, vantrelPluginUpdateHelp, "
-        "Vantrel Plugin Update, vantrel_plugin_msg.txt)"};
+    const Calls atModeZero = linesOf(PLUGIN_TEST_DATA "/registration_calls.txt");
     EXPECT_EQ(fakehost::state().calls, atModeZero);
     // Mode 1 swaps the two selection icons; mode 2 sets neither.
     for (int mode : {1, 2}) {

@@ -4,12 +4,12 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
-#include <iterator>
 #include <string>
 
 #include "plugin/core/SettingsFile.h"
 #include "plugin/core/VantrelPlugin.h"
 #include "tests/toolkit/FakeHost.h"
+#include "tests/toolkit/FileText.h"
 #include "tests/toolkit/TemporaryDirectory.h"
 
 class PluginTest : public testing::Test {
@@ -21,10 +21,10 @@ protected:
     void TearDown() override { VantrelPlugin::destroyInstance(); }
 
     static void writeSettings(const std::string& content) { std::ofstream(settingsFileName) << content; }
-    static std::string readSettings() {
-        std::ifstream file(settingsFileName, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    }
+    static std::string readSettings() { return testsupport::fileText(settingsFileName); }
+
+    // A file of the tests' data folder.
+    static std::string testData(const std::string& name) { return testsupport::fileText(PLUGIN_TEST_DATA "/" + name); }
 
     TemporaryDirectory directory{"vantrel_plugin_test"};
     WorkingDirectoryScope workingDirectory{directory.path()};

@@ -28,11 +28,7 @@ TEST_F(SettingsFile, MissingEmptyOrMalformedFileLeavesTheDefaults) {
 }
 
 TEST_F(SettingsFile, EveryFieldIsReadFromARootOfAnyName) {
-    writeSettings(document("<tessellationQuality>0.75</tessellationQuality><upAxis>7</upAxis>"
-                           "<selectionMode>manual</selectionMode><includeNURBS>false</includeNURBS>"
-                           "<separateMaterials>false</separateMaterials><useAssemblyMaterials>true"
-                           "</useAssemblyMaterials><promptForMechanism>true</promptForMechanism>"
-                           "<exportPath>/a &amp; b.vnz</exportPath><fraPath>/m.fra</fraPath>"));
+    writeSettings(testData("every_field.xml"));
     VantrelPlugin plugin;
     const PluginSettings& settings = plugin.settings;
     EXPECT_EQ(settings.tessellationQuality + plugin.previousTessellationQuality, 1.5);
@@ -70,13 +66,7 @@ TEST_F(SettingsFile, SaveWritesEveryFieldInOrder) {
     plugin.settings.promptForMechanism = true;
     plugin.settings.selectionMode = 2;
     saveSettings(plugin);
-    EXPECT_EQ(readSettings(),
-              "<?xml version=\"1.0\" ?>\n<vantrel_plugin_settings>\n"
-              "    <tessellationQuality>0.200000</tessellationQuality>\n    <upAxis>1</upAxis>\n"
-              "    <selectionMode>manual</selectionMode>\n    <includeNURBS>true</includeNURBS>\n"
-              "    <separateMaterials>true</separateMaterials>\n    <useAssemblyMaterials>false</useAssemblyMaterials>\n"
-              "    <promptForMechanism>true</promptForMechanism>\n    <exportPath>/scenes/a&lt;b&gt;.vnz</exportPath>\n"
-              "    <fraPath></fraPath>\n</vantrel_plugin_settings>\n");
+    EXPECT_EQ(readSettings(), testData("saved_settings.xml"));
 }
 
 TEST_F(SettingsFile, PathsRoundTripInTheSystemCodePageUpTo1023Bytes) {

@@ -32,7 +32,7 @@ TEST(DemoProgram, SceneReadsBackWithTheDemoContent) {
     const scenetest::ScratchFile file("vantrel_demo");
     const ProgramRun run = runProgram(std::string(VANTREL_DEMO_SCENE_PROGRAM) + " '" + file.path() + "'");
     ASSERT_EQ(run.status, 0) << run.output;
-    const std::string bytes = scenetest::readFile(file.path());
+    const std::string bytes = scenetest::fileText(file.path());
     EXPECT_EQ(run.output, "wrote demo scene to " + file.path() + " (" + std::to_string(bytes.size()) + " bytes)\n");
 
     const scenereader::Document document = scenereader::parseScene(bytes);

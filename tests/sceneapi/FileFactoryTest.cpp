@@ -63,9 +63,9 @@ TEST(LightFileFactory, WholeSceneMatchesTheHandWrittenFile) {
         writeScene(layer);
     }
     const std::string expected =
-        scenetest::decodeGolden(scenetest::readFile(VANTREL_SCENEAPI_GOLDEN_DIR "/object_layer_scene.vnz.txt"));
+        scenetest::decodeGolden(scenetest::fileText(VANTREL_SCENEAPI_GOLDEN_DIR "/object_layer_scene.vnz.txt"));
     ASSERT_GT(expected.size(), 1000u);
-    const std::string written = scenetest::readFile(file.path());
+    const std::string written = scenetest::fileText(file.path());
     EXPECT_EQ(written, expected);
     scenetest::SceneCapture::keepWholeFile(written);
 }

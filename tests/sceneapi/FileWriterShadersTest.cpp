@@ -10,7 +10,7 @@
 
 namespace {
 
-using scenetest::floatBlock;
+using scenetest::golden;
 using scenetest::SceneCapture;
 
 const float RED[3] = {1, 0, 0};
@@ -37,13 +37,7 @@ TEST(FileWriterShaders, InlineShaderIsCapturedAndWrittenWhereAttached) {
     out->set_attribute("env", ATTR_SHADER, &handle);
     out->end_material();
     out->end_object();
-    const std::string text = "\"nvx_diffuse\" {\n\"diffuse\" 1 0 0,\n}";
-    EXPECT_EQ(out.text(), "object \"o\" {\nmaterial \"m\" {\n"
-                          "surface " + text + "\n"
-                          "shadow " + text + "\n"
-                          "// assuming surface shader\nsurface " + text + "\n"
-                          "env " + text + "\n"
-                          "}\n}\n");
+    EXPECT_EQ(out.text(), golden("inline_shader.txt"));
 }
 
 TEST(FileWriterShaders, ShaderAsTheParameterOfAnother) {
@@ -58,10 +52,7 @@ TEST(FileWriterShaders, ShaderAsTheParameterOfAnother) {
     out->end_shader();
     EXPECT_NE(texture, surface);
     out->set_shader(SHADER_SURFACE, surface);
-    EXPECT_EQ(out.text(),
-              "surface \"nvx_advanced\" {\n"
-              "\"diffuse\" ! \"texture_rgb\" {\n\"texture\" \"wood.png\",\n},\n"
-              "}\n");
+    EXPECT_EQ(out.text(), golden("shader_as_parameter.txt"));
 }
 
 TEST(FileWriterShaders, BinaryBlocksInsideACapturedShader) {
@@ -76,9 +67,7 @@ TEST(FileWriterShaders, BinaryBlocksInsideACapturedShader) {
     EXPECT_TRUE(handle->has_binary);
     out->set_shader(SHADER_VOLUME, handle);
     out->set_shader_attribute("p", handle);
-    const std::string text =
-        "\"ramp\" {\n\"keys\" [ " + floatBlock('f', {0.25f, 4}) + "] ,\n\"name\" xX636166c3a9,\n}";
-    EXPECT_EQ(out.text(), "volume " + text + "\n\"p\" ! " + text + ",\n");
+    EXPECT_EQ(out.text(), scenetest::spelledGolden("shader_with_blocks.txt"));
 }
 
 TEST(FileWriterShaders, NamedAndNumberedDefinitionsAreWrittenInPlace) {
@@ -91,12 +80,7 @@ TEST(FileWriterShaders, NamedAndNumberedDefinitionsAreWrittenInPlace) {
     out->end_shader();
     out->set_attribute("after", ATTR_FLOAT3, RED);
     out->end_group();
-    EXPECT_EQ(out.text(),
-              "\ngroup \"g\" {\n"
-              "#define shader \"wood\" \"nvx_diffuse\" {\n\"diffuse\" 1 0 0,\n}\n"
-              "#define shader 3 nvx_diffuse {\n}\n"
-              "after 1 0 0\n"
-              "}\n");
+    EXPECT_EQ(out.text(), golden("named_and_numbered_shaders.txt"));
 }
 
 TEST(FileWriterShaders, PushAndPopRestoreTheCurrentHandle) {

@@ -8,6 +8,7 @@
 
 namespace {
 
+using scenetest::golden;
 using scenetest::SceneCapture;
 
 const int FIVE = 5;
@@ -29,18 +30,7 @@ TEST(FileWriterBlocks, GroupsAndObjectsSwitchToKeywordFormAndBack) {
     out->end_object();
     out->end_group();
     out->set_attribute("after", ATTR_INT, &FIVE);
-    EXPECT_EQ(out.text(),
-              "\"top\" 5,\n"
-              "\ngroup \"g\" {\n"
-              "in_group 5\n"
-              "\n#define group \"d\" {\n}\n"
-              "object \"o\" {\n"
-              "geometry \"triangles\" {\n\"in_geometry\" 5,\n}\n"
-              "in_object 5\n"
-              "}\n"
-              "#define object \"def\" {\n}\n"
-              "}\n"
-              "\"after\" 5,\n");
+    EXPECT_EQ(out.text(), golden("groups_and_objects.txt"));
 }
 
 TEST(FileWriterBlocks, AnimationLoadLightAccelOutputMatrixMaterial) {
@@ -69,19 +59,7 @@ TEST(FileWriterBlocks, AnimationLoadLightAccelOutputMatrixMaterial) {
     EXPECT_TRUE(out->use_material("defined"));
     out->set_attribute("c", ATTR_INT, &FIVE);
     out->end_group();
-    EXPECT_EQ(out.text(),
-              "\ngroup \"g\" {\n"
-              "animation \"fbx_animation\" \"walk\" {\n\"start_time\" 5,\n}\n"
-              "load \"nvxrtopt.so\" {\ninherits 5\n}\n"
-              "\nlight \"sun\" {\n}\n"
-              "\naccel \"bvh\" {\n\"a\" 5,\n}\n"
-              "output \"rgba\" \"png\" \"out.png\" {\n\"b\" 5,\n}\n"
-              "#define matrix \"m\" {\n}\n"
-              "material \"inline\" {\n}\n"
-              "\n#define material \"defined\" {\n}\n"
-              "material \"defined\"\n"
-              "c 5\n"
-              "}\n");
+    EXPECT_EQ(out.text(), golden("blocks_in_a_group.txt"));
 }
 
 TEST(FileWriterBlocks, TopLevelBlocksAreRefusedWhileAnotherIsOpen) {
@@ -105,13 +83,7 @@ TEST(FileWriterBlocks, TopLevelBlocksAreRefusedWhileAnotherIsOpen) {
     out->end_image();
     EXPECT_TRUE(out->modify_camera("m"));
     out->end_camera();
-    EXPECT_EQ(out.text(),
-              "object \"o\" {\n#modify }\n"
-              "\ncamera \"c\" {\nfov 5\n}\n"
-              "\ncamera {\n}\n"
-              "\noptions {\n}\n"
-              "\nimage {\n}\n"
-              "#modify \ncamera \"m\" {\n}\n");
+    EXPECT_EQ(out.text(), golden("top_level_blocks.txt"));
 }
 
 TEST(FileWriterBlocks, EndOptionsWithNothingOpenOnlyResetsTheForm) {
@@ -131,12 +103,7 @@ TEST(FileWriterStatements, TransformsNarrowMatrixValuesToFloat) {
     out->scale(1.5, 2, 3);
     out->rotate(0, 90, 0);
     out->translate(1e39, 0, -0.25);
-    EXPECT_EQ(out.text(),
-              "transform inf 0 0 0 0 1 0 0 0 0 1 0 0.1 2.5 -3 1\n"
-              "set transform inf 0 0 0 0 1 0 0 0 0 1 0 0.1 2.5 -3 1\n"
-              "scale 1.5 2 3\n"
-              "rotate 0 90 0\n"
-              "translate 1e+39 0 -0.25\n");
+    EXPECT_EQ(out.text(), golden("transforms.txt"));
 }
 
 TEST(FileWriterStatements, OneLineStatements) {
@@ -158,23 +125,7 @@ TEST(FileWriterStatements, OneLineStatements) {
     out->set_shader_id(SHADER_REFLECTION_MAP, 2);
     out->set_shader_id(7, 5);
     out->set_shader_attribute_id("diffuse", 4);
-    EXPECT_EQ(out.text(),
-              "attribute \"float\" \"x\"\n"
-              "// 3-x\n"
-              "version 7\n\n"
-              "version 9\n\n"
-              "progress \"half\" 0.500\n\n"
-              "icon bX01ab0a\n"
-              "blob bX01ab\n"
-              "id 5\n"
-              "flags 66560\n"
-              "\nrender\n"
-              "#print \"hello\"\n"
-              "#error \"100% wrong\"\n"
-              "surface 4\n"
-              "reflection map 2\n"
-              "// assuming surface shader\nsurface  5\n"
-              "\"diffuse\" ! 4,\n");
+    EXPECT_EQ(out.text(), golden("one_line_statements.txt"));
 }
 
 TEST(FileWriterQuoting, PlainAndHexForms) {
@@ -182,14 +133,7 @@ TEST(FileWriterQuoting, PlainAndHexForms) {
     for (const char* text : {"a", "", "back\\slash", "say \"hi\"", "caf\xc3\xa9", "two\nlines", "cr\r"}) {
         out->set_attribute(text, ATTR_STRING, text);
     }
-    EXPECT_EQ(out.text(),
-              "\"a\" \"a\",\n"
-              "\"\" \"\",\n"
-              "\"back\\slash\" \"back\\slash\",\n"
-              "xX7361792022686922 xX7361792022686922,\n"
-              "xX636166c3a9 xX636166c3a9,\n"
-              "xX74776f0a6c696e6573 xX74776f0a6c696e6573,\n"
-              "xX63720d xX63720d,\n");
+    EXPECT_EQ(out.text(), golden("quoting.txt"));
 }
 
 TEST(FileWriterIndentation, DepthShowsOnlyWhenTheModeAllowsIt) {

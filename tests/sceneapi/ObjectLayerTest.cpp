@@ -13,12 +13,11 @@
 
 namespace {
 
-using scenetest::intBlock;
+using scenetest::golden;
+using scenetest::spelledGolden;
 using scenetest::SceneCapture;
 
 const std::string BANNER = "#print \"Vantrel SceneApi oo 7.0.219  (built Mon Feb 27 10:39:17 2017)\"\nversion 7\n\n";
-const std::string ENVIRONMENT =
-    "reflection map \"nvx_envmap\" {\n\"texture\" \"startup.hdr\",\n\"format\" 3,\n\"radius\" 25,\n}\n";
 
 // Hands out a given scene and notes whether it was begun.
 class FixedFactory : public nvx::LightFactory {
@@ -91,17 +90,7 @@ TEST(ObjectLayer, TypedSetters) {
     } catch (const std::invalid_argument& refused) {
         EXPECT_STREQ(refused.what(), "const char * are deprecated");
     }
-    EXPECT_EQ(scene.textAfterBanner(),
-              "\ngroup \"g\" {\n"
-              "s \"text\"\nf3 1 2 3\nd3 0.5 1 2\nd 0.5000000000000000\nf 0.5\ni 3\nb on\n"
-              "ints [ " + intBlock({}) + "] \n"
-              "floats [ " + scenetest::floatBlock('f', {0.5f}) + "] \n"
-              "doubles [ " + scenetest::doubleBlock({}) + "] \n"
-              "triples [ " + scenetest::floatBlock('c', {1, 2, 3}) + "] \n"
-              "matrices [ 1 0 0 0 0 1 0 0 0 0 1 0 0 0 0 1 \n] \n"
-              "progress \"step\" 0.250\n\n"
-              "flags 32768\n"
-              "}\n");
+    EXPECT_EQ(scene.textAfterBanner(), spelledGolden("typed_setters.txt"));
 }
 
 TEST(ObjectLayer, TransformsRelativeUnlessAbsolute) {
@@ -114,17 +103,11 @@ TEST(ObjectLayer, TransformsRelativeUnlessAbsolute) {
     EXPECT_EQ(scene.textAfterBanner(), "transform" + values + "transform" + values + "set transform" + values);
 }
 
-TEST(LightCamera, DefaultCameraWithItsEnvironment) {
+// A default camera with its environment, then the optional parts and the projections.
+TEST(LightCamera, DefaultsOptionalPartsAndProjections) {
     LayerOnCapture scene;
-    nvx::LightCamera camera("view");
-    scene.layer.add(camera);
-    EXPECT_EQ(scene.textAfterBanner(), "\ncamera \"view\" {\n" + ENVIRONMENT +
-                                           "position 0 0 0\ndirection 0 0 -1\nup 0 1 0\n"
-                                           "projection \"perspective\"\nfov 60\n}\n");
-}
-
-TEST(LightCamera, OptionalPartsAndProjections) {
-    LayerOnCapture scene;
+    nvx::LightCamera byDefault("view");
+    scene.layer.add(byDefault);
     nvx::LightCamera camera("c");
     camera.has_look_at = true;
     camera.near_clip = 1;
@@ -146,15 +129,9 @@ TEST(LightCamera, OptionalPartsAndProjections) {
     odd.set_projection(2);
     scene.layer.add(odd);
 
-    const std::string axes = "position 0 0 0\ndirection 0 0 -1\n";
-    EXPECT_EQ(scene.textAfterBanner(),
-              "\ncamera \"c\" {\n" + ENVIRONMENT + axes + "look_at 0 0 -1\nup 0 1 0\nclipping 1 100\n"
-              "projection \"perspective\"\nfov4 1 2 3 4\ntransform 1 0 0 0 0 1 0 0 0 0 1 0 5 6 7 1\n}\n"
-              // The inner camera is refused while the outer is open: its lines
-              // land in the outer block, and its end closes it.
-              "\ncamera \"o\" {\n" + ENVIRONMENT + axes + "up 0 1 0\nprojection \"orthographic\"\n" +
-              ENVIRONMENT + axes + "up 0 1 0\nprojection \"perspective\"\nfov 60\n}\n" +
-              "\ncamera \"x\" {\n" + ENVIRONMENT + axes + "up 0 1 0\n}\n");
+    // The inner camera is refused while the outer is open: its lines land in
+    // the outer block, and its end closes it.
+    EXPECT_EQ(scene.textAfterBanner(), golden("cameras.txt"));
 }
 
 }  // namespace

@@ -6,7 +6,6 @@
 
 #include <cstring>
 #include <filesystem>
-#include <fstream>
 #include <sstream>
 #include <stdexcept>
 
@@ -89,12 +88,13 @@ std::string doubleBlock(const std::vector<double>& values) {
     return out;
 }
 
-std::string readFile(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream bytes;
-    bytes << in.rdbuf();
-    return bytes.str();
+std::string golden(const std::string& name) {
+    const std::string path = VANTREL_SCENEAPI_GOLDEN_DIR "/" + name;
+    if (!std::filesystem::exists(path)) throw std::runtime_error("no expected text " + path);
+    return testsupport::fileText(path);
 }
+
+std::string spelledGolden(const std::string& name) { return decodeGolden(golden(name)); }
 
 ScratchFile::ScratchFile(const std::string& stem)
     : path_((std::filesystem::temp_directory_path() / (stem + "_" + std::to_string(::getpid()) + ".vnz")).string()) {}

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "importers/sceneapi/nvxScene_api_file.h"
+#include "tests/toolkit/FileText.h"
 
 namespace scenetest {
 
@@ -59,8 +60,11 @@ std::string floatBlock(char kind, const std::vector<float>& values);
 std::string intBlock(const std::vector<std::int32_t>& values);
 std::string doubleBlock(const std::vector<double>& values);
 
-// Reads a whole file as bytes.
-std::string readFile(const std::string& path);
+using testsupport::fileText;
+// The expected text kept as a file in the tests' golden folder.
+std::string golden(const std::string& name);
+// The same, with its binary blocks spelled as decodeGolden reads them.
+std::string spelledGolden(const std::string& name);
 
 // A path in the temporary folder, unique to this process; the file is
 // removed when the object goes.

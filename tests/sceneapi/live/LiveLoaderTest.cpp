@@ -122,7 +122,7 @@ TEST(Loader, NoLibraryAnywhereAnswersNullAndSaysSoInTheLog) {
     LiveEnvironment live;
     EXPECT_EQ(nvx_get_scene_api(), nullptr);
     EXPECT_EQ(nvx_get_query_api(), nullptr);
-    std::string log = livetest::readFile(live.temporary / "sceneapi.log");
+    std::string log = livetest::fileText(live.temporary / "sceneapi.log");
     EXPECT_NE(log.find(" DEBUG4:  nvxVantrelLiveLoader :: initialize()\n"), std::string::npos) << log;
     EXPECT_NE(log.find(" WARNING:  NO shared handle\n"), std::string::npos) << log;
     EXPECT_NE(log.find(" DEBUG4:  nvx_get_query_api -> vantrel_live_loader: 0\n"), std::string::npos) << log;

@@ -5,7 +5,6 @@
 
 #include <cstdlib>
 #include <fstream>
-#include <sstream>
 #include <stdexcept>
 
 #include "importers/sceneapi/SceneApiLog.h"
@@ -114,13 +113,6 @@ StubControl::StubControl(const fs::path& library) {
     scene_ = find<const char* (*)(std::size_t*)>("live_stub_scene");
     made_ = find<int (*)()>("live_stub_roots_made");
     deleted_ = find<int (*)()>("live_stub_roots_deleted");
-}
-
-std::string readFile(const fs::path& path) {
-    std::ifstream stream(path, std::ios::binary);
-    std::ostringstream text;
-    text << stream.rdbuf();
-    return text.str();
 }
 
 }  // namespace livetest

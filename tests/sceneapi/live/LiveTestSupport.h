@@ -9,6 +9,7 @@
 
 #include "importers/sceneapi/LiveClock.h"
 #include "platform/DynamicLibrary.h"
+#include "tests/toolkit/FileText.h"
 
 namespace livetest {
 
@@ -100,6 +101,6 @@ private:
     int (*deleted_)();
 };
 
-std::string readFile(const fs::path& path);
+using testsupport::fileText;
 
 }  // namespace livetest

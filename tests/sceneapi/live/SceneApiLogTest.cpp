@@ -27,7 +27,7 @@ TEST(SceneApiLog, LinesCarryFileLineTimeAndLevelWithTwoBlanksBeforeTheMessage) {
     live.clock.time_known = false;
     FILE_LOG(logERROR) << "third";
     const int thirdLine = __LINE__ - 1;
-    EXPECT_EQ(livetest::readFile(live.temporary / "sceneapi.log"),
+    EXPECT_EQ(livetest::fileText(live.temporary / "sceneapi.log"),
               "SceneApiLogTest.cpp:" + std::to_string(firstLine) + " - 09:08:07.000 DEBUG4:  first 1\n" +
                   "SceneApiLogTest.cpp:" + std::to_string(secondLine) + " - 09:08:07.234 WARNING:  second\n" +
                   "SceneApiLogTest.cpp:" + std::to_string(thirdLine) + " - Error in NowTime().999 ERROR:  third\n");
@@ -44,7 +44,7 @@ TEST(SceneApiLog, LevelNamesAndTheReportingLevel) {
     FILE_LOG(logNONE) << counted();
     FILE_LOG(logNONE + 1) << counted();
     EXPECT_EQ(formatted, 0);
-    EXPECT_EQ(livetest::readFile(live.temporary / "sceneapi.log"), "");
+    EXPECT_EQ(livetest::fileText(live.temporary / "sceneapi.log"), "");
 }
 
 struct FolderCase {
@@ -115,7 +115,7 @@ TEST(SceneApiLog, AnUnopenableLogDropsMessagesAndTriesAgain) {
     EXPECT_EQ(said.rfind("could not open log file:\nopening log: ", 0), 0u) << said;
     fs::create_directories(folder);
     FILE_LOG(logERROR) << "kept";
-    std::string text = livetest::readFile(folder / "sceneapi.log");
+    std::string text = livetest::fileText(folder / "sceneapi.log");
     EXPECT_EQ(text.find("lost"), std::string::npos);
     EXPECT_NE(text.find("ERROR:  kept\n"), std::string::npos);
 }
