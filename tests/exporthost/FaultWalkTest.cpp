@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "host/HostOperation.h"
+#include "host/testing/InterfaceDataBuilder.h"
 #include "scenereader/SceneReader.h"
 #include "tests/exporthost/ExportScenario.h"
 
@@ -22,12 +23,14 @@ std::string bytesOf(const fs::path& path) {
     return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
 }
 
-// An assembly with what an export visits: surfaces and a quilt, a mesh-only
+// An assembly with what an export visits: surfaces and a quilt with their
+// exact twins, a mesh-only
 // facet set, a part used twice, a sub-assembly, a view, a layer and an appearance.
 void openAssembly(ExportScenario& run) {
     host::Session& session = run.session;
     host::Model& plate = session.addModel(part(u"plate", 2));
     addQuilt(plate, 2);
+    giveExactSquares(plate);
     plate.appearance = appearance(u"paint", {1.0, 0.6, 0.2});
     host::Model& mesh = session.addModel(part(u"mesh", 0));
     addFacetSet(mesh, 4);
