@@ -29,9 +29,12 @@ protected:
         std::filesystem::create_directories(folder_);
         // Under the leak checker the preview runs without it: at exit it stops
         // every thread, and the threads of Mesa's software rasterizer hold it
-        // there for good. The scene's document is checked for leaks by the
-        // glTF tests. A preview that hangs for another reason ends in 2 minutes.
-        prefix_ = "ASAN_OPTIONS=\"${ASAN_OPTIONS}:detect_leaks=0\" timeout 120 ";
+        // there for good. Nor does it unwind the stack slowly on each
+        // allocation: Mesa's compiler allocates while the unwinder holds its
+        // lock, and the slow unwinder then waits for that lock for good. The
+        // scene's document is checked for leaks by the glTF tests. A preview
+        // that hangs for another reason ends in 2 minutes.
+        prefix_ = "ASAN_OPTIONS=\"${ASAN_OPTIONS}:detect_leaks=0:fast_unwind_on_malloc=1\" timeout 120 ";
         const char* display = std::getenv("DISPLAY");
         if (display && *display) return;
         if (std::system("command -v xvfb-run >/dev/null 2>&1") != 0) {
