@@ -27,7 +27,7 @@
 #include "scenereader/SceneAnimations.h"
 #include "scenereader/SceneChecks.h"
 #include "scenereader/SceneReader.h"
-#include "toolkit/Startup.h"
+#include "tests/support/InProcessPlugin.h"
 
 namespace {
 
@@ -59,31 +59,17 @@ Matrix16 flat(const FrameMatrix& matrix) {
 class PluginInProcess : public ::testing::Test {
 protected:
     void SetUp() override {
-        previous_ = fs::current_path();
-        directory_ = fs::temp_directory_path() / ("vantrel_animation_export_" + std::to_string(::getpid()));
-        fs::remove_all(directory_);
-        fs::create_directories(directory_);
-        fs::current_path(directory_);
-        activation_ = std::make_unique<host::SessionActivation>(session);
-        auto table = host::hostFunctionTable();
-        ProWchar errorText[256] = {};
-        ASSERT_EQ(user_initialize_plus(0, nullptr, "3.0", "M010", 0, errorText, directory_.c_str(), "", "",
-                                       host::applicationContext, 0, table.data(), static_cast<int>(table.size()), 6),
-                  0);
+        plugin_ = std::make_unique<testsupport::InProcessPlugin>(session, "vantrel_animation_export");
+        ASSERT_TRUE(plugin_->started());
     }
-    void TearDown() override {
-        user_terminate_plus();
-        activation_.reset();
-        fs::current_path(previous_);
-        fs::remove_all(directory_);
-    }
+    void TearDown() override { plugin_.reset(); }
 
     // One export of the current model into a scene file, read back.
     scenereader::Document run() {
         VantrelPlugin& plugin = *VantrelPlugin::instance();
         ProMdl model = nullptr;
         ProMdlCurrentGet(&model);
-        fs::path file = directory_ / "scene.vnz";
+        fs::path file = plugin_->directory() / "scene.vnz";
         {
             nvx::LightFileFactory factory(file.string());
             nvx::nvxSceneapi_oo layer(factory);
@@ -101,8 +87,7 @@ protected:
     host::Session session;
 
 private:
-    fs::path previous_, directory_;
-    std::unique_ptr<host::SessionActivation> activation_;
+    std::unique_ptr<testsupport::InProcessPlugin> plugin_;
 };
 
 class AnimationExport : public PluginInProcess {

@@ -18,7 +18,7 @@
 #include "plugin/core/VantrelPlugin.h"
 #include "scenereader/SceneReader.h"
 #include "tests/exporthost/Rig.h"
-#include "toolkit/Startup.h"
+#include "tests/support/InProcessPlugin.h"
 
 namespace {
 
@@ -29,30 +29,16 @@ namespace fs = std::filesystem;
 class UpdateTracking : public ::testing::Test {
 protected:
     void SetUp() override {
-        previous_ = fs::current_path();
-        directory_ = fs::temp_directory_path() /
-                     ("vantrel_update_" + std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()));
-        fs::remove_all(directory_);
-        fs::create_directories(directory_);
-        fs::current_path(directory_);
-        activation_ = std::make_unique<host::SessionActivation>(session);
-        auto table = host::hostFunctionTable();
-        ProWchar errorText[256] = {};
-        ASSERT_EQ(user_initialize_plus(0, nullptr, "3.0", "M010", 0, errorText, directory_.c_str(), "", "",
-                                       host::applicationContext, 0, table.data(), static_cast<int>(table.size()), 6),
-                  0);
+        plugin_ = std::make_unique<testsupport::InProcessPlugin>(
+            session, "vantrel_update_" + std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()));
+        ASSERT_TRUE(plugin_->started());
         exporttest::Rig built = exporttest::buildRig(session);
         bolt = built.bolt;
         rig = built.rig;
         session.setCurrentModel(rig);
         session.setMode(PRO_MODE_ASSEMBLY);
     }
-    void TearDown() override {
-        user_terminate_plus();
-        activation_.reset();
-        fs::current_path(previous_);
-        fs::remove_all(directory_);
-    }
+    void TearDown() override { plugin_.reset(); }
 
     // One run of the traversal into a scene file, with the plug-in's state
     // as it stands: the stamps of the runs before are kept.
@@ -63,7 +49,7 @@ protected:
         ProMdl model = nullptr;
         ProMdlCurrentGet(&model);
         std::string name = modelNameOf(model);
-        fs::path file = directory_ / ("run" + std::to_string(++runs_) + ".vnz");
+        fs::path file = plugin_->directory() / ("run" + std::to_string(++runs_) + ".vnz");
         {
             nvx::LightFileFactory factory(file.string());
             nvx::nvxSceneapi_oo layer(factory);
@@ -85,8 +71,7 @@ protected:
     host::Model* rig = nullptr;
 
 private:
-    fs::path previous_, directory_;
-    std::unique_ptr<host::SessionActivation> activation_;
+    std::unique_ptr<testsupport::InProcessPlugin> plugin_;
     int runs_ = 0;
 };
 
