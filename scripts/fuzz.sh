@@ -42,7 +42,7 @@ for target in fra:fra_reader_fuzzer scene:scene_reader_fuzzer registry:registry_
   log="$build_dir/$fuzzer.log"
   set +e
   "$build_dir/tests/fuzz/$fuzzer" "${limit[@]}" -timeout=5 -rss_limit_mb=2048 -print_final_stats=1 \
-    "${dictionary[@]}" "$corpus" "$VANTREL_ROOT/tests/fuzz/corpus/$name" >"$log" 2>&1
+    -artifact_prefix="$build_dir/" "${dictionary[@]}" "$corpus" "$VANTREL_ROOT/tests/fuzz/corpus/$name" >"$log" 2>&1
   status=$?
   set -e
   grep -E 'ERROR|SUMMARY|Test unit written' "$log" || true

@@ -6,6 +6,8 @@
 #include <cstdio>
 #include <string_view>
 
+#include "platform/XmlText.h"
+
 namespace host::realmodel {
 
 namespace {
@@ -49,14 +51,14 @@ bool settingsFileIsSound(const std::filesystem::path& folder) {
     std::error_code error;
     if (!std::filesystem::exists(file, error)) return true;
     TiXmlDocument document;
-    return document.LoadFile(file.string().c_str()) && document.RootElement();
+    return platform::loadXmlFile(document, file.string().c_str()) && document.RootElement();
 }
 
 void replaceExportPath(const std::filesystem::path& folder, const std::filesystem::path& from,
                        const std::filesystem::path& to) {
     const std::string file = (folder / pluginSettingsFileName).string();
     TiXmlDocument document;
-    if (!document.LoadFile(file.c_str())) return;
+    if (!platform::loadXmlFile(document, file.c_str())) return;
     TiXmlElement* root = document.RootElement();
     TiXmlElement* path = root ? root->FirstChildElement("exportPath") : nullptr;
     const char* text = path ? path->GetText() : nullptr;

@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include "importers/sceneapi/nvxLiveApi.h"
+#include "platform/XmlText.h"
 
 namespace nvx {
 
@@ -55,7 +56,7 @@ std::vector<RunningInstance> list_running(nvxLiveQuery& query, int min_version, 
     const char* text = query.list_instances();
     if (!text) return instances;
     TiXmlDocument document;
-    document.Parse(text);
+    platform::parseXmlText(document, text);
     const TiXmlNode* root = document.FirstChild();
     if (!root) return instances;
     for (const TiXmlNode* child = root->FirstChild(); child; child = child->NextSibling()) {
@@ -77,7 +78,7 @@ RunningInstance pick_instance(nvxLiveQuery& query, const std::vector<RunningInst
             continue;
         }
         TiXmlDocument document;
-        document.Parse(text);
+        platform::parseXmlText(document, text);
         const TiXmlNode* root = document.FirstChild();
         if (instance.version > best_fresh.version && is_empty_scene(root)) best_fresh = instance;
         if (!wanted_scene.empty() && instance.version > best_named.version && root &&

@@ -9,6 +9,7 @@
 
 #include "plugin/core/VantrelPlugin.h"
 #include "toolkit/btk/TextConversion.h"
+#include "platform/XmlText.h"
 
 namespace {
 
@@ -83,8 +84,8 @@ void addPath(TiXmlElement& root, const char* name, const std::u16string& path) {
 }  // namespace
 
 void loadSettings(VantrelPlugin& plugin) {
-    TiXmlDocument document(settingsFileName);
-    if (!document.LoadFile()) return;
+    TiXmlDocument document;
+    if (!platform::loadXmlFile(document, settingsFileName)) return;
     // The root's name is not compared: any first element will do.
     const TiXmlElement* root = document.FirstChildElement();
     if (!root) return;
