@@ -17,7 +17,7 @@ int layerItemShows(int type, int id, ProMdl owner) {
 }
 
 // Every layer that holds the feature has no display status or the normal
-// one. A feature on no layer passes.
+// one. A feature on no layer passes. The host's array of layers is freed.
 bool layersAreClear(const ProFeature& feature, ProMdl owner) {
     ProLayerItem item{};
     ProLayerItemInit(PRO_LAYER_ITEM_FEATURE, feature.id, owner, &item);
@@ -31,6 +31,7 @@ bool layersAreClear(const ProFeature& feature, ProMdl owner) {
         ProLayerDisplaystatusGet(&layers[i], &status);
         clear = clear && (status == -1 || status == 1);
     }
+    if (layers) ProArrayFree(reinterpret_cast<ProArray*>(&layers));
     return clear;
 }
 

@@ -126,6 +126,7 @@ std::string exportedParts(const std::function<void(host::Session&, host::Model& 
     host::Model& top = run.session.addModel(assembly(u"top"));
     build(run.session, top);
     run.openAndExport(top, PRO_MODE_ASSEMBLY);
+    EXPECT_EQ(run.session.arrays().outstanding("layers"), 0u) << "each component's array of layers is freed";
     return tree(topGroup(run.readScene()));
 }
 
