@@ -10,6 +10,8 @@
 #include <TopExp.hxx>
 #include <TopTools_IndexedMapOfShape.hxx>
 #include <TopoDS.hxx>
+#include <TopoDS_Compound.hxx>
+#include <BRep_Builder.hxx>
 
 #include <utility>
 
@@ -43,6 +45,29 @@ void writeGeneratedAssembly(const std::filesystem::path& path) {
             gp_Trsf placement;
             placement.SetTranslation(gp_Vec(100.0 * (slot % 6), 100.0 * (slot / 6), 0.0));
             builder.addComponent(top, part, placement);
+        }
+    }
+    builder.writeStep(path.string(), "mm");
+}
+
+void writeScaleAssembly(const std::filesystem::path& path, const ScaleAssembly& size) {
+    host::cad::XdeDocumentBuilder builder;
+    const TDF_Label top = builder.addAssembly("SCALE");
+    BRep_Builder shapes;
+    int slot = 0;
+    for (int part = 0; part < size.parts; ++part) {
+        // A row of boxes whose sizes differ from part to part.
+        TopoDS_Compound boxes;
+        shapes.MakeCompound(boxes);
+        for (int box = 0; box < size.boxesPerPart; ++box) {
+            const gp_Pnt corner(3.0 * (box % 10), 3.0 * (box / 10), 0.0);
+            shapes.Add(boxes, BRepPrimAPI_MakeBox(corner, 1.0 + 0.02 * part, 2.0, 0.5 + 0.01 * box).Shape());
+        }
+        const TDF_Label label = builder.addPart("PART" + std::to_string(part), boxes);
+        for (int copy = 0; copy < size.copiesPerPart; ++copy, ++slot) {
+            gp_Trsf placement;
+            placement.SetTranslation(gp_Vec(40.0 * (slot % 100), 40.0 * (slot / 100), 0.0));
+            builder.addComponent(top, label, placement);
         }
     }
     builder.writeStep(path.string(), "mm");

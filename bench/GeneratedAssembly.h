@@ -6,3 +6,13 @@
 
 // Writes it as a STEP file in millimetres.
 void writeGeneratedAssembly(const std::filesystem::path& path);
+
+// The scale case: `parts` parts of `boxesPerPart` separate boxes each (six
+// faces a box), each part placed `copiesPerPart` times on a grid. By default
+// 50 parts of 67 boxes (20,100 faces), 5,000 occurrences.
+struct ScaleAssembly {
+    int parts = 50;
+    int boxesPerPart = 67;
+    int copiesPerPart = 100;
+};
+void writeScaleAssembly(const std::filesystem::path& path, const ScaleAssembly& size = {});
