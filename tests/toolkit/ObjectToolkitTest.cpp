@@ -221,6 +221,28 @@ TEST(EnumConversion, ModelTypes) {
     EXPECT_STREQ(static_cast<const char*>(invalid.GetTypeName()), "ProMdlType");
     EXPECT_EQ(invalid.GetValue(), 3);
     EXPECT_STREQ(static_cast<const char*>(invalid.GetMethodName()), "pfcSession::GetModel");
+    // The keyed routines: {routine, host code, number}, worked out from the runs of each.
+    struct Keyed {
+        int (*routine)(int, const char*);
+        int code;
+        int number;
+    };
+    for (Keyed k : {Keyed{pfcIntfTypeFromPro, 1, 0}, Keyed{pfcIntfTypeFromPro, 10, 5}, Keyed{pfcIntfTypeFromPro, 27, 20},
+                    Keyed{pfcIntfTypeFromPro, 31, 22}, Keyed{pfcIntfTypeFromPro, 0, 23},
+                    Keyed{pfcComponentTypeFromPro, 0, 14}, Keyed{pfcComponentTypeFromPro, 13, 12},
+                    Keyed{pfcParamValueTypeFromPro, 50, 3}, Keyed{pfcParamValueTypeFromPro, 53, 2},
+                    Keyed{pfcParamValueTypeFromPro, 58, 6}, Keyed{pfcPlotPaperSizeFromPro, 10, 10},
+                    Keyed{pfcPlotPaperSizeFromPro, 99, 12}, Keyed{pfcPlotPaperSizeFromPro, 100, 11}})
+        EXPECT_EQ(k.routine(k.code, "m"), k.number) << k.code;
+    for (Keyed miss : {Keyed{pfcIntfTypeFromPro, 6, 0}, Keyed{pfcComponentTypeFromPro, 14, 0},
+                       Keyed{pfcParamValueTypeFromPro, 55, 0}, Keyed{pfcPlotPaperSizeFromPro, 11, 0}})
+        EXPECT_EQ(raisedType([&] { miss.routine(miss.code, "m"); }), "pfcExceptions::XInvalidEnumValue")
+            << miss.code;
+    EXPECT_EQ(pfcModelItemTypeFromPro(176, "m", true) + pfcModelItemTypeFromPro(5, "m", true), 2);
+    EXPECT_EQ(pfcModelItemTypeFromPro(8, "m", false), 10);
+    EXPECT_EQ(pfcModelItemTypeFromPro(17000, "m", false), pfcModelItemTypeMiss);
+    EXPECT_EQ(raisedType([] { pfcModelItemTypeFromPro(4, "m", true); }), "pfcExceptions::XInvalidEnumValue");
+
     xrttienum* types = pfcModelType_xrttiGet();
     EXPECT_EQ(types->GetValueCount(), 11);
     EXPECT_STREQ(types->GetValueName(pfcMDL_2D_SECTION), "pfcMDL_2D_SECTION");

@@ -35,3 +35,16 @@ pfcModelType pfcModelTypeFromPro(int code, const char* method);  // keyed ProMdl
 
 int wfcTextureTypeToPro(wfcTextureType value);
 wfcTextureType wfcTextureTypeFromPro(int code, const char* method);  // keyed ProTextureType
+
+// Host-to-object conversions keyed by the host type, answering the dense
+// number of the object toolkit's value. Each is a list of runs of host codes
+// onto consecutive numbers.
+int pfcIntfTypeFromPro(int code, const char* method);        // keyed ProIntfType
+int pfcComponentTypeFromPro(int code, const char* method);   // keyed ProAsmcompType
+int pfcParamValueTypeFromPro(int code, const char* method);  // keyed ProParamvalueType
+int pfcPlotPaperSizeFromPro(int code, const char* method);   // keyed ProPlotPaperSize
+
+// Keyed ProType, where a miss may be allowed: with `raise` a code outside
+// the list raises, without it the answer is the sentinel 31.
+inline constexpr int pfcModelItemTypeMiss = 31;
+int pfcModelItemTypeFromPro(int code, const char* method, bool raise);
