@@ -1,6 +1,8 @@
 #include "host/cad/ExactConversion.h"
 
+#include <BRepBuilderAPI_Copy.hxx>
 #include <BRepBuilderAPI_NurbsConvert.hxx>
+#include <BRep_Builder.hxx>
 #include <BRep_Tool.hxx>
 #include <Geom2dConvert.hxx>
 #include <Geom2d_BSplineCurve.hxx>
@@ -8,8 +10,10 @@
 #include <GeomConvert.hxx>
 #include <Geom_BSplineSurface.hxx>
 #include <Geom_RectangularTrimmedSurface.hxx>
+#include <OSD_Parallel.hxx>
 #include <Standard_Failure.hxx>
 #include <TColStd_Array1OfReal.hxx>
+#include <TopExp_Explorer.hxx>
 #include <TopoDS.hxx>
 
 #include <algorithm>
@@ -23,6 +27,16 @@
 namespace host::cad {
 
 namespace {
+
+// Curves in parameters are fitted to this share of the part's size, far
+// finer than the meshes beside them.
+constexpr double trimToleranceShare = 1e-5;
+
+double diagonalOf(const Outline& outline) {
+    if (outline.empty()) return 0.0;
+    return std::hypot(outline.max[0] - outline.min[0], outline.max[1] - outline.min[1],
+                      outline.max[2] - outline.min[2]);
+}
 
 std::vector<double> flatKnots(const TColStd_Array1OfReal& sequence) {
     return std::vector<double>(sequence.begin(), sequence.end());
@@ -122,33 +136,62 @@ bool isBspline(const TopoDS_Face& face) {
     return !Handle(Geom_BSplineSurface)::DownCast(BRep_Tool::Surface(face, location)).IsNull();
 }
 
+// Raises the tolerance of every edge and vertex of the face to at least
+// `tolerance`.
+void loosen(const TopoDS_Face& face, double tolerance) {
+    BRep_Builder builder;
+    for (TopExp_Explorer edges(face, TopAbs_EDGE); edges.More(); edges.Next()) {
+        const TopoDS_Edge& edge = TopoDS::Edge(edges.Current());
+        builder.UpdateEdge(edge, std::max(BRep_Tool::Tolerance(edge), tolerance));
+    }
+    for (TopExp_Explorer vertices(face, TopAbs_VERTEX); vertices.More(); vertices.Next()) {
+        const TopoDS_Vertex& vertex = TopoDS::Vertex(vertices.Current());
+        builder.UpdateVertex(vertex, std::max(BRep_Tool::Tolerance(vertex), tolerance));
+    }
+}
+
 // The face as a B-spline face with its edges: a face that is one already is
 // taken as it stands, the others go through the kernel's NURBS conversion.
+// The conversion fits each edge's curve in the new surface's parameters to
+// the edge's tolerance; files often carry tolerances far finer than any
+// rendering needs, which makes the fitting slow. So a copy of the face with
+// its tolerances raised to `trimTolerance` is converted.
 class FaceConversion {
 public:
-    explicit FaceConversion(const TopoDS_Face& original) : converted_(original) {
+    FaceConversion(const TopoDS_Face& original, double trimTolerance) : converted_(original) {
         if (isBspline(original)) return;
-        conversion_.emplace(original);
+        copy_.emplace(original);
+        const TopoDS_Face copy = TopoDS::Face(copy_->Shape());
+        loosen(copy, trimTolerance);
+        conversion_.emplace(copy);
         converted_ = TopoDS::Face(conversion_->Shape());
         converted_.Orientation(original.Orientation());
     }
     const TopoDS_Face& face() const { return converted_; }
     TopoDS_Edge edge(const TopoDS_Edge& original) const {
         if (!conversion_) return original;
-        TopoDS_Edge image = TopoDS::Edge(conversion_->ModifiedShape(original));
+        TopoDS_Edge image = TopoDS::Edge(conversion_->ModifiedShape(copy_->ModifiedShape(original)));
         image.Orientation(original.Orientation());
         return image;
     }
 
 private:
+    std::optional<BRepBuilderAPI_Copy> copy_;
     std::optional<BRepBuilderAPI_NurbsConvert> conversion_;
     TopoDS_Face converted_;
 };
 
-ExactSurface convertFace(const CadFace& face, const CadShapes& shapes, SidesById& sides) {
+// A face converted, with the sides that its edge uses give, in contour order.
+struct ConvertedFace {
+    ExactSurface surface;
+    std::vector<ContourUse> uses;
+};
+
+ExactSurface convertFace(const CadFace& face, const CadShapes& shapes, double trimTolerance,
+                         std::vector<ContourUse>& faceUses) {
     ExactSurface exact;
     exact.id = face.id;
-    const FaceConversion conversion(shapes.face(face.shapeIndex));
+    const FaceConversion conversion(shapes.face(face.shapeIndex), trimTolerance);
     const TopoDS_Face& converted = conversion.face();
     if (Handle(Geom_BSplineSurface) surface = bsplineOf(converted); !surface.IsNull())
         exact.shape = surfaceData(*surface);
@@ -163,18 +206,20 @@ ExactSurface convertFace(const CadFace& face, const CadShapes& shapes, SidesById
                                          curveOnFace(image, converted)}});
         }
         closeGaps(uses);
-        for (ContourUse& use : uses) sides[use.edgeId].push_back(std::move(use.side));
+        for (ContourUse& use : uses) faceUses.push_back(std::move(use));
     }
     return exact;
 }
 
 // A face that the kernel fails to convert stands without shape or curves.
-ExactSurface convertFaceSafely(const CadFace& face, const CadShapes& shapes, SidesById& sides) {
+ConvertedFace convertFaceSafely(const CadFace& face, const CadShapes& shapes, double trimTolerance) {
+    ConvertedFace converted;
     try {
-        return convertFace(face, shapes, sides);
+        converted.surface = convertFace(face, shapes, trimTolerance, converted.uses);
     } catch (const Standard_Failure&) {
-        return ExactSurface{face.id, std::nullopt, {}};
+        converted = ConvertedFace{ExactSurface{face.id, std::nullopt, {}}, {}};
     }
+    return converted;
 }
 
 }  // namespace
@@ -188,10 +233,18 @@ std::shared_ptr<const InterfaceData> convertToInterfaceData(const CadModel& mode
         quiltOfId[quilt.id] = data->quilts.size();
         data->quilts.push_back({quilt.id, {}});
     }
-    for (const CadFace& face : part.faces) {
-        ExactSurface exact = convertFaceSafely(face, *model.shapes, sides);
-        if (face.quiltId == 0) data->surfaces.push_back(std::move(exact));
-        else data->quilts.at(quiltOfId.at(face.quiltId)).surfaces.push_back(std::move(exact));
+    const double trimTolerance = trimToleranceShare * diagonalOf(part.outline);
+    // The faces convert side by side, each into its own slot: the kernel's
+    // conversion only reads the shapes that the faces share.
+    std::vector<ConvertedFace> converted(part.faces.size());
+    OSD_Parallel::For(0, static_cast<int>(part.faces.size()),
+                      [&](int k) { converted[k] = convertFaceSafely(part.faces[k], *model.shapes, trimTolerance); });
+    for (size_t k = 0; k < part.faces.size(); ++k) {
+        for (ContourUse& use : converted[k].uses) sides[use.edgeId].push_back(std::move(use.side));
+        ExactSurface& exact = converted[k].surface;
+        const int quiltId = part.faces[k].quiltId;
+        if (quiltId == 0) data->surfaces.push_back(std::move(exact));
+        else data->quilts.at(quiltOfId.at(quiltId)).surfaces.push_back(std::move(exact));
     }
     for (const CadEdge& edge : part.edges) {
         ExactEdge& exact = data->edges.emplace_back();
