@@ -2,12 +2,11 @@
 
 #include <cstring>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <vector>
 
 #include "host/Host.h"
 #include "host/Session.h"
+#include "tests/toolkit/FileText.h"
 
 namespace {
 
@@ -34,12 +33,7 @@ protected:
         for (const host::IconSet& icon : command.iconHistory) files.push_back(icon.file);
         return files;
     }
-    static std::string settingsText() {
-        std::ifstream file("vantrel_plugin_settings.xml");
-        std::stringstream text;
-        text << file.rdbuf();
-        return text.str();
-    }
+    static std::string settingsText() { return testsupport::fileText("vantrel_plugin_settings.xml"); }
 
     fs::path previous_, directory_;
 };
