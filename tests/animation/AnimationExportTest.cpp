@@ -3,22 +3,16 @@
 // leave it, and the written scene is read back.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cmath>
 #include <unistd.h>
 
 #include <filesystem>
 #include <map>
-#include <sstream>
 
-#include "animation/FraReader.h"
 #include "export/ComponentVisitData.h"
 #include "export/ExportDrivers.h"
 #include "export/RunContext.h"
 #include "host/ActiveSession.h"
 #include "host/FunctionTable.h"
-#include "host/realmodel/ModelLoading.h"
-#include "host/realmodel/MotionRecording.h"
 #include "host/Session.h"
 #include "host/testing/ModelBuilder.h"
 #include "importers/sceneapi/LightFactory.h"
@@ -184,54 +178,6 @@ TEST_F(AnimationExport, RenderEmptiesTheTableBeforeTheDialogAndExportKeepsIt) {
     EXPECT_EQ(session.dialogs().history().size(), 2u) << "no model, no dialog";
     EXPECT_FALSE(fs::exists(fs::current_path() / "cancelled.vnz"));
     EXPECT_TRUE(session.script().finished()) << "both dialogs were cancelled";
-}
-
-// A quarter turn of one sub-assembly of a real model, recorded by the host's
-// mechanism and read by the plug-in's reader: only that component moves, and
-// its matrices times its placement give the recorded frames back.
-TEST_F(PluginInProcess, ARecordedTurnOfASubassemblyOfARealModel) {
-    const fs::path model = fs::path(VANTREL_SOURCE_DIR) / ".." / "shared" / "models" / "as1-oc-214-mat.stp";
-    if (!fs::exists(model)) GTEST_SKIP() << "no shared model at " << model << ": the real-model motion is skipped";
-    host::realmodel::LoadedModel loaded = host::realmodel::loadModelIntoSession(session, model.string());
-    std::vector<host::AssemblyComponent> paths = host::listComponentPaths(*loaded.models.top);
-    auto turned = std::find_if(paths.begin(), paths.end(), [&](const host::AssemblyComponent& path) {
-        return std::any_of(paths.begin(), paths.end(), [&](const host::AssemblyComponent& other) {
-            return other.ids.size() > path.ids.size() && std::equal(path.ids.begin(), path.ids.end(), other.ids.begin());
-        });
-    });
-    ASSERT_NE(turned, paths.end()) << "the model has a sub-assembly";
-    host::MotionDescription motion;
-    motion.frames = 10;
-    motion.moves.push_back(host::Move{.kind = host::Move::Kind::Rotate, .path = turned->ids, .axis = 2, .degrees = 90});
-    std::ostringstream file;
-    ASSERT_EQ(host::writeMotionFile(paths, motion, file), "");
-
-    VantrelPlugin& plugin = *VantrelPlugin::instance();
-    readFraFile(file.str(), plugin.animationFrames, plugin.animationFrameCount);
-    ASSERT_EQ(plugin.animationFrames.size(), 1u);
-    const FrameSequence recorded = plugin.animationFrames.begin()->second;
-    scenereader::Document scene = run();
-
-    std::vector<std::string> problems;
-    std::vector<scenereader::Animation> animations = scenereader::readAnimations(scene.root, problems);
-    ASSERT_EQ(animations.size(), 1u) << "one block, for the one moving component";
-    EXPECT_EQ(animations[0].matrices.size(), 10u);
-    EXPECT_EQ(animations[0].timestamps.size(), 10u);
-    EXPECT_EQ(scenereader::checkScene(scene), std::vector<std::string>{});
-    // Each written matrix times the placement gives the recorded frame back,
-    // within the six digits that the scene file prints.
-    const host::Matrix& placement = turned->placement;
-    for (size_t frame : {size_t{0}, size_t{9}}) {
-        const Matrix16& written = animations[0].matrices[frame];
-        for (size_t row = 0; row < 4; ++row) {
-            for (size_t column = 0; column < 4; ++column) {
-                double back = 0;
-                for (size_t k = 0; k < 4; ++k) back += written[row * 4 + k] * placement[k][column];
-                const double expected = recorded[frame][row][column];
-                EXPECT_NEAR(back, expected, 1e-5 * std::max(1.0, std::fabs(expected))) << frame << ": " << row << " " << column;
-            }
-        }
-    }
 }
 
 }  // namespace

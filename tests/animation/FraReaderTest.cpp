@@ -111,6 +111,9 @@ INSTANTIATE_TEST_SUITE_P(
         ReadCase{"a NaN keeps a component", header + "MaFrame 1\n" + record({1}, "nan"), "(1) nan", 2},
         ReadCase{"a file that ends inside a record keeps what it read",
                  header + "MaFrame 1\n" + record({4}, "1") + "Part: 1 (4) 2 0", "(4) 1 1", 2},
+        ReadCase{"a file that ends inside a path", header + "MaFrame 1\nPart: 3 (1 2", "", 2},
+        ReadCase{"a file that ends after a header word", "parts:", "", -5},
+        ReadCase{"a file that ends inside a header word", "parts: 3\nframes", "", -5},
         ReadCase{"the glued header word is not the word", "parts:3 frames: 2 MaFrame 1 " + record({1}, "1") +
                                                               record({1}, "2"),
                  "", -5},

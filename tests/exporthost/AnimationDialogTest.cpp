@@ -5,12 +5,12 @@
 
 #include <cstring>
 #include <fstream>
-#include <sstream>
 
 #include "host/DialogBoard.h"
 #include "scenereader/SceneAnimations.h"
 #include "scenereader/SceneReader.h"
 #include "tests/exporthost/ExportScenario.h"
+#include "tests/toolkit/FileText.h"
 
 namespace exporttest {
 namespace {
@@ -20,12 +20,7 @@ using namespace host::fixtures;
 constexpr const char* dialog = "Vantrel_Animation";
 constexpr const char* panel = "Vantrel_Animation_Inputpanel";
 
-std::string expectedLayout() {
-    std::ifstream file(std::string(VANTREL_TEST_DATA) + "/animation_dialog.txt");
-    std::stringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
+std::string expectedLayout() { return testsupport::fileText(VANTREL_TEST_DATA "/animation_dialog.txt"); }
 
 // Frame k of component 11 stands at x = k; component 12 never moves.
 std::string motionOfTwoFrames() {

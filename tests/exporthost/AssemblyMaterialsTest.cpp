@@ -40,24 +40,6 @@ std::vector<std::vector<std::string>> keysPerOccurrence(const scenereader::Docum
 
 using testsupport::fileText;
 
-TEST(AssemblyMaterials, ThePaintedOccurrenceShowsItsAssemblyColourOnlyWithTheSetting) {
-    struct Case {
-        const char* setting;
-        std::vector<std::vector<std::string>> keys;
-    };
-    const Case cases[] = {
-        {"true", {{"paint:255:0:0"}, {"steel:128:128:128"}}},
-        {"false", {{"steel:128:128:128"}, {"steel:128:128:128"}}},
-    };
-    for (const Case& c : cases) {
-        ExportScenario run;
-        PaintedAssembly model(run);
-        run.setSetting("useAssemblyMaterials", c.setting);
-        run.pressExport();
-        EXPECT_EQ(keysPerOccurrence(run.readScene()), c.keys) << c.setting;
-    }
-}
-
 TEST(AssemblyMaterials, AnEmptyVisibleLabelGivesAnEmptyName) {
     ExportScenario run;
     PaintedAssembly model(run);

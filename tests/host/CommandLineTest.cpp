@@ -109,17 +109,6 @@ TEST_F(CommandLine, UsageVersionAndOptionSpellingsFollowTheTables) {
     EXPECT_NE(flagValue.err.find("--no-nurbs takes no value"), std::string::npos) << flagValue.err;
 }
 
-class CommandLineWithoutTerminate : public CommandLine {
-protected:
-    CommandLineWithoutTerminate() : CommandLine(VANTREL_TEST_PLUGIN_NO_TERMINATE) {}
-};
-
-TEST_F(CommandLineWithoutTerminate, MissingEntryPointIsNamed) {
-    ProgramRun refused = run(withPlugin("commands"));
-    EXPECT_EQ(refused.exitCode, 1);
-    EXPECT_NE(refused.err.find("has no entry point \"user_terminate_plus\""), std::string::npos) << refused.err;
-}
-
 class CommandLineBesideThePlugin : public CommandLine {
 protected:
     CommandLineBesideThePlugin() : CommandLine(VANTREL_TEST_PLUGIN_MINIMAL, "libvantrel_plugin.so") {

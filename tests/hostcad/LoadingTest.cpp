@@ -209,26 +209,21 @@ void expectLoadError(const std::string& path, const std::string& expected) {
 
 TEST(CadLoading, FilesThatGiveNoModel_bad_) {
     ScratchFolder folder;
-    expectLoadError(folder.file("absent.step"), "does not exist");
-
     std::filesystem::create_directory(folder.file("folder.step"));
-    expectLoadError(folder.file("folder.step"), "is a folder");
-
     writeText(folder.file("drawing.dwg"), "AC1027");
-    expectLoadError(folder.file("drawing.dwg"), "unsupported extension '.dwg'");
-
     writeText(folder.file("garbage.step"), "this is not STEP\n");
-    expectLoadError(folder.file("garbage.step"), "cannot read STEP file");
-
     writeText(folder.file("empty.stl"), "");
-    expectLoadError(folder.file("empty.stl"), "holds no geometry");
-
     XdeDocumentBuilder builder;
     TopoDS_Compound nothing;
     BRep_Builder().MakeCompound(nothing);
     builder.addPart("NOTHING", nothing);
     builder.writeStep(folder.file("nothing.step"), "mm");
-    expectLoadError(folder.file("nothing.step"), "holds no geometry");
+    const std::pair<const char*, const char*> refused[] = {
+        {"absent.step", "does not exist"},         {"folder.step", "is a folder"},
+        {"drawing.dwg", "unsupported extension '.dwg'"}, {"garbage.step", "cannot read STEP file"},
+        {"empty.stl", "holds no geometry"},        {"nothing.step", "holds no geometry"},
+    };
+    for (const auto& [name, message] : refused) expectLoadError(folder.file(name), message);
 }
 
 // A binary STL of `declared` triangles with room for `held`: each facet a

@@ -2,9 +2,6 @@
 
 #include <cstring>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
-#include <vector>
 
 #include "host/Host.h"
 #include "host/Session.h"
@@ -28,17 +25,6 @@ protected:
     void TearDown() override {
         fs::current_path(previous_);
         fs::remove_all(directory_);
-    }
-    static std::vector<std::string> iconFiles(const host::RegisteredCommand& command) {
-        std::vector<std::string> files;
-        for (const host::IconSet& icon : command.iconHistory) files.push_back(icon.file);
-        return files;
-    }
-    static std::string settingsText() {
-        std::ifstream file("vantrel_plugin_settings.xml");
-        std::stringstream text;
-        text << file.rdbuf();
-        return text.str();
     }
 
     fs::path previous_, directory_;
@@ -70,28 +56,6 @@ TEST_F(CommandsInHost, SixCommandsWithLabelsAndIconsFromTheirFiles) {
         ++index;
     }
     EXPECT_TRUE(session.errors().empty());
-}
-
-TEST_F(CommandsInHost, ManualSelectionSavesAndLeavesTheShortIconNames) {
-    {
-        host::Session session;
-        host::Host plugin(session, VANTREL_PLUGIN_FILE);
-        EXPECT_EQ(plugin.press("Manual selection"), 0);
-        const host::RegisteredCommand* manual = session.commands().find("Manual selection");
-        const host::RegisteredCommand* automatic = session.commands().find("Automatic selection");
-        EXPECT_EQ(iconFiles(*manual), (std::vector<std::string>{"vr_update_unchecked.png", "vr_update_checked.png",
-                                                                "checked.png"}));
-        EXPECT_EQ(iconFiles(*automatic), (std::vector<std::string>{"vr_update_checked.png",
-                                                                   "vr_update_unchecked.png", "unchecked.png"}));
-        EXPECT_NE(settingsText().find("<selectionMode>manual</selectionMode>"), std::string::npos);
-    }
-    // A new start reads the file: the long names, now the other way round.
-    host::Session session;
-    host::Host plugin(session, VANTREL_PLUGIN_FILE);
-    EXPECT_EQ(session.commands().find("Manual selection")->icon()->file, "vr_update_checked.png");
-    EXPECT_EQ(session.commands().find("Automatic selection")->icon()->file, "vr_update_unchecked.png");
-    EXPECT_EQ(plugin.press("Automatic selection"), 0);
-    EXPECT_NE(settingsText().find("<selectionMode>automatic</selectionMode>"), std::string::npos);
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
 // vantrel-host driving the plug-in's dialogs as a user would: the export's
 // options set in the settings dialog, the dialog drawn by press --show, and
 // a recorded motion answered in the animation dialog. Every run has a time
-// limit: a motion file that the reader can't take must never hang the host.
+// limit, so that a run that hangs fails.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -104,25 +104,6 @@ TEST(DialogCommandLine, PressShowDrawsTheSettingsDialogOfTheSettingsFile) {
         "pressed \"Vantrel Plugin Settings\": the action answered 0\n";
     ASSERT_FALSE(expected.empty());
     EXPECT_EQ(shown.out.substr(0, expected.size()), expected);
-}
-
-// Motion files that the reader's searches for its header words see the end
-// of: none of them hangs the host, and the scene has no animation.
-TEST(DialogCommandLine, ATruncatedOrWordlessMotionFileNeverHangsTheHost) {
-    ScratchFolder folder;
-    const fs::path model = writeSample(folder);
-    const std::string files[] = {"", "parts:", "parts: 3\nframes", "no words of a motion here\n",
-                                 "frames: 2\nparts: 1\nMaFrame 1\nPart: 1 (1) 1 0 0 0 1 0 0 0 1 0 0 0\n",
-                                 "parts: 1\nframes: 2\nMaFrame 1\nPart: 3 (1 2"};
-    for (size_t i = 0; i < std::size(files); ++i) {
-        const fs::path motion = folder.path() / ("bad" + std::to_string(i) + ".fra");
-        std::ofstream(motion, std::ios::binary) << files[i];
-        const fs::path scene = folder.path() / ("bad" + std::to_string(i) + ".vnz");
-        const ProgramRun exported = runHost(folder, "export " + quoted(model) + " -o " + quoted(scene) +
-                                                        " --animation " + quoted(motion), 120);
-        ASSERT_EQ(exported.exitCode, 0) << "motion file " << i << ": " << exported.err;
-        EXPECT_TRUE(scenereader::readSceneFile(scene.string()).root.descendants("animation").empty()) << i;
-    }
 }
 
 TEST(DialogCommandLine, BadMotionsAreNamedWithANonZeroExit_bad_) {

@@ -42,14 +42,13 @@ TEST(ExportCommandLine, SampleExportsWithTheSettingsGiven) {
     // Not a terminal: no progress line.
     EXPECT_EQ(exported.err.find("meshing surfaces"), std::string::npos) << exported.err;
 
+    // The plug-in saved the settings and, at the end of its run, the path it was given.
     const std::string settings = contentsOf(folder.path() / "vantrel_plugin_settings.xml");
-    EXPECT_NE(settings.find("<tessellationQuality>0.500000</tessellationQuality>"), std::string::npos) << settings;
-    EXPECT_NE(settings.find("<upAxis>2</upAxis>"), std::string::npos) << settings;
-    EXPECT_NE(settings.find("<includeNURBS>false</includeNURBS>"), std::string::npos) << settings;
-    EXPECT_NE(settings.find("<useAssemblyMaterials>true</useAssemblyMaterials>"), std::string::npos) << settings;
-    // The plug-in saved the path it was given at the end of its run.
-    EXPECT_NE(settings.find("<exportPath>" + folder.file("sample.vnz") + "</exportPath>"), std::string::npos)
-        << settings;
+    for (const std::string& element : {std::string("<tessellationQuality>0.500000</tessellationQuality>"),
+                                       std::string("<upAxis>2</upAxis>"), std::string("<includeNURBS>false</includeNURBS>"),
+                                       std::string("<useAssemblyMaterials>true</useAssemblyMaterials>"),
+                                       "<exportPath>" + folder.file("sample.vnz") + "</exportPath>"})
+        EXPECT_NE(settings.find(element), std::string::npos) << element << " in\n" << settings;
     const std::string scene = contentsOf(folder.path() / "sample.vnz");
     EXPECT_NE(scene.find("\"import_up_vector\" 2,"), std::string::npos);
 

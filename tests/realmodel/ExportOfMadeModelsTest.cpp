@@ -95,67 +95,12 @@ TEST(ExportOfMadeModels, NormalsAndWindingFollowTheFaceAsUsed) {
                        {0.0, 0.0, -1.0});
 }
 
-TEST(ExportOfMadeModels, NoTriangleCoversAHole) {
-    ScratchFolder folder;
-    const TopoDS_Shape box = BRepPrimAPI_MakeBox(40.0, 20.0, 2.0).Shape();
-    const TopoDS_Shape first = BRepPrimAPI_MakeCylinder(gp_Ax2(gp_Pnt(10, 10, -1), gp::DZ()), 4.0, 4.0).Shape();
-    const TopoDS_Shape second = BRepPrimAPI_MakeCylinder(gp_Ax2(gp_Pnt(30, 10, -1), gp::DZ()), 4.0, 4.0).Shape();
-    const TopoDS_Shape plate = BRepAlgoAPI_Cut(BRepAlgoAPI_Cut(box, first).Shape(), second).Shape();
-    const ExportedScene scene =
-        exportModel(std::make_shared<const cad::CadModel>(cad::testing::modelOfShape(plate)), folder.path());
-    size_t topTriangles = 0;
-    for (const scenereader::Block* mesh : meshesBelow(scene.document.root)) {
-        const auto& vertices = *floatArray(*mesh, "vertices");
-        const auto& triangles = *intArray(*mesh, "triangles");
-        for (size_t t = 0; t < triangles.size(); t += 3) {
-            Vector centroid{};
-            bool onTop = true;
-            for (size_t k = 0; k < 3; ++k) {
-                const Vector corner = at(vertices, static_cast<size_t>(triangles[t + k]));
-                onTop = onTop && std::abs(corner[2] - 2.0) < 1e-4;
-                for (size_t i = 0; i < 3; ++i) centroid[i] += corner[i] / 3.0;
-            }
-            if (!onTop) continue;
-            ++topTriangles;
-            EXPECT_GT(std::hypot(centroid[0] - 10.0, centroid[1] - 10.0), 3.9);
-            EXPECT_GT(std::hypot(centroid[0] - 30.0, centroid[1] - 10.0), 3.9);
-        }
-    }
-    EXPECT_GT(topTriangles, 8u);
-}
-
 // The materials of the meshes alone: with NURBS each exact object carries its
 // row's material too.
 ExportSettings meshesOnly() {
     ExportSettings settings;
     settings.includeNurbs = false;
     return settings;
-}
-
-TEST(ExportOfMadeModels, FaceColoursGiveAMaterialEachAndAPartColourOne) {
-    const TopoDS_Shape box = BRepPrimAPI_MakeBox(2.0, 2.0, 2.0).Shape();
-    ScratchFolder partFolder;
-    cad::XdeDocumentBuilder partColoured;
-    const TDF_Label part = partColoured.addPart("PAINTED", box);
-    partColoured.setColour(part, 0.0, 0.0, 1.0);
-    partColoured.writeStep(partFolder.file("painted.step"), "mm");
-    const ExportedScene one = exportFile(partFolder.file("painted.step"), partFolder.path(), meshesOnly());
-    EXPECT_EQ(one.report.summary.materials, 1u);
-    EXPECT_EQ(one.report.summary.triangleMeshes, 1u);
-
-    ScratchFolder faceFolder;
-    cad::XdeDocumentBuilder faceColoured;
-    const TDF_Label twoTone = faceColoured.addPart("TWO_TONE", box);
-    faceColoured.setColour(twoTone, 0.0, 0.0, 1.0);
-    faceColoured.setFaceColour(twoTone, TopExp_Explorer(box, TopAbs_FACE).Current(), 1.0, 0.0, 0.0);
-    faceColoured.writeStep(faceFolder.file("two-tone.step"), "mm");
-    const ExportedScene two = exportFile(faceFolder.file("two-tone.step"), faceFolder.path(), meshesOnly());
-    EXPECT_EQ(two.report.summary.materials, 2u);
-    std::vector<std::string> keys;
-    for (const scenereader::Block* material : two.document.root.descendants("material")) keys.push_back(material->name());
-    ASSERT_EQ(keys.size(), 2u);
-    EXPECT_NE(keys[0], keys[1]);
-    for (const std::string& key : keys) EXPECT_EQ(key.rfind("two_tone:", 0), 0u) << key;
 }
 
 // Issue point 10: the colours of a STEP file reach the material keys as the
@@ -343,25 +288,6 @@ TEST(ExportOfMadeModels, MeshPartIsAFacetSetWithFlatNormalsAndNoParameters) {
     ASSERT_EQ(normals.size(), 18u);
     for (size_t v = 0; v < 3; ++v) EXPECT_EQ(at(normals, v), (Vector{0, 0, 1}));
     for (size_t v = 3; v < 6; ++v) EXPECT_EQ(at(normals, v), (Vector{0, -1, 0}));
-}
-
-TEST(ExportOfMadeModels, FinerQualityGivesMoreTriangles) {
-    ScratchFolder folder;
-    cad::XdeDocumentBuilder builder;
-    builder.addPart("ROD", BRepPrimAPI_MakeCylinder(10.0, 40.0).Shape());
-    builder.writeStep(folder.file("rod.step"), "mm");
-    ExportSettings coarse;
-    coarse.quality = 0.2;
-    ExportSettings fine;
-    fine.quality = 0.8;
-    const ExportedScene coarseScene = exportFile(folder.file("rod.step"), folder.path(), coarse);
-    // The rod's outline has the diagonal sqrt(20^2 + 20^2 + 40^2) = 48.98979;
-    // quality 0.2 asks for 0.16101160 of a thousandth of it.
-    EXPECT_NEAR(coarseScene.report.chordHeight, 7.8879254e-3, 1e-9);
-    const size_t coarseTriangles = triangleCount(coarseScene.document);
-    const size_t fineTriangles = triangleCount(exportFile(folder.file("rod.step"), folder.path(), fine).document);
-    EXPECT_GT(coarseTriangles, 0u);
-    EXPECT_GT(fineTriangles, coarseTriangles);
 }
 
 }  // namespace

@@ -1,19 +1,14 @@
 #include "tests/realmodel/HostProgram.h"
 
+#include "tests/toolkit/FileText.h"
+
 #include <sys/wait.h>
 
 #include <cstdio>
-#include <fstream>
-#include <sstream>
 
 namespace host::realmodel::testing {
 
-std::string contentsOf(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
+std::string contentsOf(const std::filesystem::path& path) { return testsupport::fileText(path); }
 
 ProgramRun runHost(const cad::testing::ScratchFolder& folder, const std::string& arguments, int seconds) {
     const std::filesystem::path errors = folder.path() / "stderr.txt";

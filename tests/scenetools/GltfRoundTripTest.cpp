@@ -10,13 +10,13 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
-#include <sstream>
 
 #include "scenereader/SceneReader.h"
 #include "scenetools/GlbContainer.h"
 #include "scenetools/GltfExport.h"
 #include "tests/scenereader/SceneBytes.h"
 #include "tests/scenetools/GltfReadBack.h"
+#include "tests/toolkit/FileText.h"
 
 namespace {
 
@@ -76,10 +76,8 @@ protected:
     }
 
     std::string json() const {
-        std::ifstream in(output_, std::ios::binary);
-        std::ostringstream bytes;
-        bytes << in.rdbuf();
-        return output_.extension() == ".glb" ? scenetools::splitGlb(bytes.str()).json : bytes.str();
+        const std::string bytes = testsupport::fileText(output_);
+        return output_.extension() == ".glb" ? scenetools::splitGlb(bytes).json : bytes;
     }
 
     std::filesystem::path folder_ =
@@ -186,13 +184,7 @@ TEST_P(GltfRoundTrip, AnimationBlockBecomesTranslationRotationAndScaleSamplersIn
             .str();
     const ReadGltf read = convert(scene);
     EXPECT_EQ(read.tree, "asm\n  arm\n    arm\n");
-    std::string bytes;
-    {
-        std::ifstream in(output_, std::ios::binary);
-        std::ostringstream text;
-        text << in.rdbuf();
-        bytes = text.str();
-    }
+    const std::string bytes = testsupport::fileText(output_);
     rapidjson::Document document;
     std::string bin;
     if (output_.extension() == ".glb") {
@@ -201,10 +193,7 @@ TEST_P(GltfRoundTrip, AnimationBlockBecomesTranslationRotationAndScaleSamplersIn
         bin = chunks.bin;
     } else {
         document.Parse(bytes.c_str());
-        std::ifstream in(folder_ / document["buffers"][0]["uri"].GetString(), std::ios::binary);
-        std::ostringstream text;
-        text << in.rdbuf();
-        bin = text.str();
+        bin = testsupport::fileText(folder_ / document["buffers"][0]["uri"].GetString());
     }
     ASSERT_TRUE(document.HasMember("animations"));
     ASSERT_EQ(document["animations"].Size(), 1u);

@@ -8,10 +8,10 @@
 #include <Image_AlienPixMap.hxx>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <sstream>
 
 #include "scenetools/Preview.h"
+#include "tests/toolkit/FileText.h"
 
 namespace {
 
@@ -49,11 +49,9 @@ protected:
     std::string run(const std::string& command) {
         const std::filesystem::path output = folder_ / "stdout.txt";
         const int status = std::system((command + " >" + quote(output) + " 2>&1").c_str());
-        std::ifstream in(output);
-        std::ostringstream text;
-        text << in.rdbuf();
-        EXPECT_EQ(status, 0) << command << "\n" << text.str();
-        return text.str();
+        const std::string text = testsupport::fileText(output);
+        EXPECT_EQ(status, 0) << command << "\n" << text;
+        return text;
     }
 
     std::filesystem::path exportModel(const std::filesystem::path& model) {
