@@ -1,0 +1,41 @@
+#pragma once
+// The models that the renderer holds: each stream received is read with the
+// project's reader and merged into the model it names, or added as a new one;
+// the model is then written as a scene file into the output folder, named
+// after the model.
+#include <filesystem>
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "scenereader/SceneDocument.h"
+
+namespace renderer {
+
+class HeldScenes {
+public:
+    explicit HeldScenes(std::filesystem::path outputFolder) : outputFolder_(std::move(outputFolder)) {}
+
+    // Takes a whole stream. Answers an empty text when the stream was taken,
+    // else why it was not; a stream that can't be read changes nothing held.
+    std::string receive(std::string_view stream);
+
+    // The held scene as XML: a root with one group element per model, and
+    // below it the model's groups and objects by name, two levels deep.
+    std::string outlineXml() const;
+
+    // The file that a model is written to.
+    std::filesystem::path fileOf(const std::string& model) const;
+
+    const std::map<std::string, scenereader::Block>& models() const { return models_; }
+
+private:
+    // Writes the model through the scene file writer; answers why it failed,
+    // or empty.
+    std::string save(const std::string& model, const scenereader::Block& root) const;
+
+    std::filesystem::path outputFolder_;
+    std::map<std::string, scenereader::Block> models_;
+};
+
+}  // namespace renderer
