@@ -2,7 +2,7 @@
 // itself while it runs, takes scene streams into the models it holds, writes
 // each model as a scene file after every stream, and answers what it holds.
 //
-//   vantrel-app [--port N] [--out DIR] [--max-stream BYTES] [--idle-timeout MS]
+//   vantrel-app [--port N] [--out DIR] [--max-stream BYTES] [--idle-timeout MS] [--keep-streams DIR]
 //   vantrel-app --register [--ports FIRST-LAST]
 //   vantrel-app --unregister
 #include <signal.h>
@@ -44,7 +44,7 @@ struct Options {
 };
 
 const char* const USAGE =
-    "usage: vantrel-app [--port N] [--out DIR] [--max-stream BYTES] [--idle-timeout MS]\n"
+    "usage: vantrel-app [--port N] [--out DIR] [--max-stream BYTES] [--idle-timeout MS] [--keep-streams DIR]\n"
     "       vantrel-app --register [--ports FIRST-LAST]\n"
     "       vantrel-app --unregister\n";
 
@@ -74,6 +74,8 @@ bool parseOptions(int argc, char** argv, Options& options) {
             options.out = argv[++i];
         } else if (option == "--max-stream" && hasValue) {
             options.limits.maxStreamBytes = std::strtoull(argv[++i], nullptr, 10);
+        } else if (option == "--keep-streams" && hasValue) {
+            options.limits.keptStreams = argv[++i];
         } else if (option == "--idle-timeout" && hasValue) {
             options.limits.idleTimeout = std::chrono::milliseconds(std::atol(argv[++i]));
         } else {

@@ -41,22 +41,6 @@ std::string attributeText(const std::string& text) {
     return escaped;
 }
 
-// The groups and objects of a block as elements, down to `levels` levels.
-void outline(const scenereader::Block& block, int levels, std::string& xml) {
-    for (const auto& item : block.items) {
-        const auto* child = std::get_if<scenereader::Block>(&item);
-        if (!child || (child->kind != "group" && child->kind != "object")) continue;
-        xml += "<" + child->kind + " name=\"" + attributeText(child->name()) + "\"";
-        if (levels <= 1) {
-            xml += "/>";
-            continue;
-        }
-        xml += ">";
-        outline(*child, levels - 1, xml);
-        xml += "</" + child->kind + ">";
-    }
-}
-
 }  // namespace
 
 fs::path HeldScenes::fileOf(const std::string& model) const { return outputFolder_ / fileNameOf(model); }
@@ -102,12 +86,9 @@ std::string HeldScenes::save(const std::string& model, const scenereader::Block&
 std::string HeldScenes::outlineXml() const {
     std::string xml = "<scene>";
     for (const auto& [name, root] : models_) {
-        xml += "<group name=\"" + attributeText(name) + "\">";
-        for (const auto& item : root.items) {
-            const auto* group = std::get_if<scenereader::Block>(&item);
-            if (group && group->kind == "group" && group->name() == name) outline(*group, 2, xml);
-        }
-        xml += "</group>";
+        const auto groups = root.descendants("group").size(), objects = root.descendants("object").size();
+        xml += "<group name=\"" + attributeText(name) + "\" groups=\"" + std::to_string(groups) + "\" objects=\"" +
+               std::to_string(objects) + "\"/>";
     }
     return xml + "</scene>\n";
 }

@@ -20,8 +20,10 @@ public:
     // else why it was not; a stream that can't be read changes nothing held.
     std::string receive(std::string_view stream);
 
-    // The held scene as XML: a root with one group element per model, and
-    // below it the model's groups and objects by name, two levels deep.
+    // The held scene as XML: a root with one element per model, named after
+    // it, with the counts of its groups and objects. The elements have no
+    // children, so that a renderer that holds models still takes a new
+    // Render, while an Update finds the model by its name.
     std::string outlineXml() const;
 
     // The file that a model is written to.

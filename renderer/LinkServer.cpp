@@ -9,6 +9,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -80,7 +81,13 @@ void LinkServer::handle(int connection) {
         sendAll(connection, std::string(REFUSED) + " " + dropped + "\n");
         return;
     }
-    const std::string refused = scenes_.receive(std::string_view(stream).substr(0, stream.size() - END_OF_STREAM.size() + 1));
+    const std::string_view scene = std::string_view(stream).substr(0, stream.size() - END_OF_STREAM.size() + 1);
+    if (!limits_.keptStreams.empty()) {
+        std::filesystem::create_directories(limits_.keptStreams);
+        std::ofstream(limits_.keptStreams / ("stream-" + std::to_string(++streamsReceived_) + ".vnz"), std::ios::binary)
+            << scene;
+    }
+    const std::string refused = scenes_.receive(scene);
     if (!refused.empty()) {
         log_ << "stream dropped after " << sizeText(stream.size()) << ": " << refused << std::endl;
         sendAll(connection, std::string(REFUSED) + " " + refused + "\n");

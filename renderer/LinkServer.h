@@ -5,6 +5,7 @@
 // in the log; the held models change only by a stream received whole.
 #include <chrono>
 #include <cstddef>
+#include <filesystem>
 #include <functional>
 #include <ostream>
 
@@ -17,6 +18,9 @@ struct LinkLimits {
     std::size_t maxStreamBytes = std::size_t{1} << 30;
     // A connection that sends nothing for this long is dropped.
     std::chrono::milliseconds idleTimeout{30000};
+    // Where each stream received whole is also kept as it came, as
+    // stream-1.vnz, stream-2.vnz...; empty: nowhere.
+    std::filesystem::path keptStreams;
 };
 
 class LinkServer {
@@ -44,6 +48,7 @@ private:
     std::ostream& log_;
     LinkLimits limits_;
     int listener_ = -1;
+    int streamsReceived_ = 0;
 };
 
 }  // namespace renderer
