@@ -41,6 +41,9 @@ int LinkServer::listenOnFirstFree(int first, int last) {
     for (int port = first; port <= last && port > 0 && port < 65536; ++port) {
         const int candidate = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
         if (candidate < 0) return 0;
+        // A port whose last connections are still closing is free to listen on.
+        const int reuse = 1;
+        setsockopt(candidate, SOL_SOCKET, SO_REUSEADDR, &reuse, sizeof reuse);
         sockaddr_in address{};
         address.sin_family = AF_INET;
         address.sin_port = htons(static_cast<std::uint16_t>(port));

@@ -1,5 +1,6 @@
 #include "renderer/SceneMerge.h"
 
+#include <algorithm>
 #include <map>
 #include <utility>
 #include <variant>
@@ -19,57 +20,79 @@ bool isBlockOf(const Item& item, const char* kind) {
     return block && block->kind == kind;
 }
 
-// The n-th group of that name among the items, or null.
-Block* findGroup(std::vector<Item>& items, const std::string& name, int occurrence) {
-    for (Item& item : items) {
-        Block* block = std::get_if<Block>(&item);
-        if (block && block->kind == "group" && block->name() == name && occurrence-- == 0) return block;
-    }
-    return nullptr;
+// What identifies an item among its siblings: a statement by its name, a
+// block by its kind and name; with the count of earlier items of that key.
+std::string keyOf(const Item& item) {
+    if (const auto* statement = std::get_if<scenereader::Statement>(&item)) return "statement " + statement->name;
+    const Block& block = std::get<Block>(item);
+    return block.kind + " " + block.name();
 }
 
-bool carriesObjects(const Block& group) {
-    for (const Item& item : group.items)
-        if (isBlockOf(item, "object")) return true;
-    return false;
+// For each item, the index of its twin among the other items (the same key
+// and the same count of earlier items of that key), or -1. Objects have no
+// twins: they go or stay together.
+std::vector<int> twinsOf(const std::vector<Item>& items, const std::vector<Item>& others) {
+    std::map<std::string, std::vector<int>> byKey;
+    for (std::size_t i = 0; i < others.size(); ++i) byKey[keyOf(others[i])].push_back(static_cast<int>(i));
+    std::map<std::string, std::size_t> seen;
+    std::vector<int> twins;
+    for (const Item& item : items) {
+        const std::string key = keyOf(item);
+        const std::size_t occurrence = seen[key]++;
+        const auto& candidates = byKey[key];
+        twins.push_back(isBlockOf(item, "object") || occurrence >= candidates.size() ? -1 : candidates[occurrence]);
+    }
+    return twins;
+}
+
+bool sendsKey(const std::vector<Item>& items, const std::string& key) {
+    return std::any_of(items.begin(), items.end(), [&key](const Item& item) { return keyOf(item) == key; });
 }
 
 void mergeGroup(Block& held, const Block& sent);
 
-// The sent items, each sent group merged with its held twin; then the held
-// groups that were not sent, and the held objects if the stream has none.
-std::vector<Item> mergedItems(std::vector<Item>& held, const std::vector<Item>& sent, bool keepObjects) {
+// The sent items in their order, each sent group merged with its held twin.
+// What was held and not sent again stays, each before the sent twin of the
+// next held item that has one: the groups and other blocks, the statements
+// of names that were not sent, and the objects if `keepHeld` and the stream
+// carries none.
+std::vector<Item> mergedItems(std::vector<Item>& held, const std::vector<Item>& sent, bool keepHeld) {
+    const std::vector<int> heldTwins = twinsOf(held, sent);
+    const std::vector<int> sentTwins = twinsOf(sent, held);
+    const bool sendsObjects =
+        std::any_of(sent.begin(), sent.end(), [](const Item& item) { return isBlockOf(item, "object"); });
+    // Each merged item with the place it goes: before sent item N (N, 0), or as it (N, 1).
+    std::vector<std::pair<std::pair<std::size_t, int>, Item>> placed;
+    std::size_t anchor = sent.size();
+    for (std::size_t i = held.size(); i-- > 0;) {
+        if (heldTwins[i] >= 0) {
+            anchor = static_cast<std::size_t>(heldTwins[i]);
+            continue;
+        }
+        const bool isStatement = std::holds_alternative<scenereader::Statement>(held[i]);
+        const bool keep = isBlockOf(held[i], "object") ? keepHeld && !sendsObjects
+                          : isStatement                ? keepHeld && !sendsKey(sent, keyOf(held[i]))
+                                                       : keepHeld || isBlockOf(held[i], "group");
+        if (keep) placed.push_back({{anchor, 0}, std::move(held[i])});
+    }
+    std::reverse(placed.begin(), placed.end());
+    for (std::size_t i = 0; i < sent.size(); ++i) {
+        if (sentTwins[i] >= 0 && isBlockOf(sent[i], "group")) {
+            Block& twin = std::get<Block>(held[static_cast<std::size_t>(sentTwins[i])]);
+            mergeGroup(twin, std::get<Block>(sent[i]));
+            placed.push_back({{i, 1}, std::move(twin)});
+        } else {
+            placed.push_back({{i, 1}, sent[i]});
+        }
+    }
+    std::stable_sort(placed.begin(), placed.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
     std::vector<Item> merged;
-    std::vector<const Block*> matched;
-    std::map<std::string, int> occurrences;
-    for (const Item& item : sent) {
-        const Block* block = asBlock(item);
-        if (!block || block->kind != "group") {
-            merged.push_back(item);
-            continue;
-        }
-        Block* twin = findGroup(held, block->name(), occurrences[block->name()]++);
-        if (!twin) {
-            merged.push_back(item);
-            continue;
-        }
-        mergeGroup(*twin, *block);
-        matched.push_back(twin);
-        merged.push_back(std::move(*twin));
-    }
-    for (Item& item : held) {
-        Block* block = std::get_if<Block>(&item);
-        if (!block) continue;
-        bool wasMatched = false;
-        for (const Block* twin : matched) wasMatched = wasMatched || twin == block;
-        if ((block->kind == "group" && !wasMatched) || (keepObjects && block->kind == "object"))
-            merged.push_back(std::move(item));
-    }
+    for (auto& [place, item] : placed) merged.push_back(std::move(item));
     return merged;
 }
 
 void mergeGroup(Block& held, const Block& sent) {
-    std::vector<Item> merged = mergedItems(held.items, sent.items, !carriesObjects(sent));
+    std::vector<Item> merged = mergedItems(held.items, sent.items, true);
     held.names = sent.names;
     held.defined = sent.defined;
     held.items = std::move(merged);

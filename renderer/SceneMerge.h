@@ -15,8 +15,9 @@ std::string modelNameOf(const scenereader::Block& root);
 // Merges a stream into the held scene of the same model. Top-level items
 // other than groups are taken from the stream. A group sent again is matched
 // by its name and its place among the siblings of that name: its statements
-// (flags, transform) are the stream's, its objects the stream's if it carries
-// any, else the ones it had; its groups are merged in turn, and groups that
+// (flags, transform) are the stream's where it sends them and the held ones
+// where it doesn't, its objects the stream's if it carries any, else the ones
+// it had; its groups are merged in turn, and groups that
 // were not sent again stay.
 void mergeScene(scenereader::Block& held, const scenereader::Block& sent);
 

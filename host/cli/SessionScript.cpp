@@ -70,6 +70,8 @@ void runLine(const std::string& line, const std::filesystem::path& folder, Sessi
         std::string dialog, button;
         if (!(words >> dialog >> button)) throw ScriptError{"answer needs DIALOG BUTTON"};
         session.script().pressButton(dialog, button);
+    } else if (command == "file") {
+        session.script().chooseFile(platform::utf8ToWide((folder / restOf(words)).string()));
     } else if (command == "colour") {
         changeColour(session, words);
     } else if (command == "pick") {

@@ -4,6 +4,7 @@
 //   open MODEL                 opens a model file; it becomes the current model
 //   press COMMAND NAME         presses one of the plug-in's commands
 //   answer DIALOG BUTTON       the button to press when the dialog next opens
+//   file PATH                  the file to choose when a file dialog next opens
 //   colour PART R G B          gives every surface of the part a new colour (0 to 1)
 //   pick IDS [IDS...]          the components picked when the plug-in next asks,
 //                              each a path of ids from the top down: "1,4"
