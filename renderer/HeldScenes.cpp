@@ -74,7 +74,7 @@ std::string HeldScenes::save(const std::string& model, const scenereader::Block&
     {
         nvxScene_api_file writer(stream, true);
         writer.write_text("%s", HEADER);
-        replayScene(root, writer);
+        statementsLeftOut_ = replayScene(root, writer);
         failed = writer.any_write_failed();
     }
     failed = std::fclose(stream) != 0 || failed;

@@ -30,6 +30,9 @@ public:
     std::filesystem::path fileOf(const std::string& model) const;
 
     const std::map<std::string, scenereader::Block>& models() const { return models_; }
+    // Statements of the model last written that the writer has no call for,
+    // and that its file therefore lacks.
+    std::size_t statementsLeftOut() const { return statementsLeftOut_; }
 
 private:
     // Writes the model through the scene file writer; answers why it failed,
@@ -38,6 +41,7 @@ private:
 
     std::filesystem::path outputFolder_;
     std::map<std::string, scenereader::Block> models_;
+    mutable std::size_t statementsLeftOut_ = 0;
 };
 
 }  // namespace renderer

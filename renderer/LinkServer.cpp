@@ -14,20 +14,13 @@
 #include <vector>
 
 #include "renderer/LinkProtocol.h"
+#include "renderer/LinkSocket.h"
 
 namespace renderer {
 
 namespace {
 
 constexpr std::size_t CHUNK = 1 << 16;
-
-void sendAll(int connection, std::string_view text) {
-    while (!text.empty()) {
-        const ssize_t sent = send(connection, text.data(), text.size(), MSG_NOSIGNAL);
-        if (sent <= 0) return;
-        text.remove_prefix(static_cast<std::size_t>(sent));
-    }
-}
 
 std::string sizeText(std::size_t bytes) { return std::to_string(bytes) + " bytes"; }
 
@@ -97,6 +90,8 @@ void LinkServer::handle(int connection) {
         return;
     }
     log_ << "stream received: " << sizeText(stream.size()) << std::endl;
+    if (scenes_.statementsLeftOut() > 0)
+        log_ << "the saved model lacks " << scenes_.statementsLeftOut() << " statements that can't be written again" << std::endl;
     sendAll(connection, std::string(ACCEPTED) + " " + sizeText(stream.size()) + "\n");
 }
 

@@ -16,8 +16,10 @@ namespace renderer {
 struct LinkLimits {
     // A stream larger than this is cut off and dropped.
     std::size_t maxStreamBytes = std::size_t{1} << 30;
-    // A connection that sends nothing for this long is dropped.
-    std::chrono::milliseconds idleTimeout{30000};
+    // A connection that sends nothing for this long is dropped. The plug-in
+    // connects before it meshes, and its writer sends in large blocks, so a
+    // quiet spell of minutes is no fault on a large model.
+    std::chrono::milliseconds idleTimeout{300000};
     // Where each stream received whole is also kept as it came, as
     // stream-1.vnz, stream-2.vnz...; empty: nowhere.
     std::filesystem::path keptStreams;
