@@ -1,6 +1,7 @@
 // vantrel-app: the stand-in renderer. It listens on 127.0.0.1, announces
 // itself while it runs, takes scene streams into the models it holds, writes
-// each model as a scene file after every stream, and answers what it holds.
+// each model as a scene file after every stream (and, given a display, a
+// picture of it from its first camera), and answers what it holds.
 //
 //   vantrel-app [--port N] [--out DIR] [--max-stream BYTES] [--idle-timeout MS] [--keep-streams DIR]
 //   vantrel-app --register [--ports FIRST-LAST]
@@ -19,6 +20,7 @@
 #include "renderer/InstanceDirectory.h"
 #include "renderer/LinkProtocol.h"
 #include "renderer/LinkServer.h"
+#include "renderer/Picture.h"
 #include "renderer/Registration.h"
 
 namespace {
@@ -112,6 +114,9 @@ int runApplication(const Options& options) {
     log << "vantrel-app " << getpid() << " started" << std::endl;
 
     renderer::HeldScenes scenes(out);
+    // Pictures are drawn by processes of their own, reaped by the system.
+    signal(SIGCHLD, SIG_IGN);
+    scenes.saved = [](const fs::path& file, const std::string& camera) { renderer::drawPictureAside(file, camera); };
     renderer::LinkServer server(scenes, log, options.limits);
     int first = options.port, last = options.port;
     if (first == 0 && !renderer::registeredPorts(first, last)) {

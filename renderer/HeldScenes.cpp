@@ -80,6 +80,8 @@ std::string HeldScenes::save(const std::string& model, const scenereader::Block&
     failed = std::fclose(stream) != 0 || failed;
     if (!failed) fs::rename(partial, file, error);
     if (failed || error) return "can't write " + file.string();
+    const auto cameras = root.descendants("camera");
+    if (saved) saved(file, cameras.empty() ? std::string() : cameras.front()->name());
     return {};
 }
 

@@ -4,6 +4,7 @@
 // the model is then written as a scene file into the output folder, named
 // after the model.
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
@@ -30,6 +31,8 @@ public:
     std::filesystem::path fileOf(const std::string& model) const;
 
     const std::map<std::string, scenereader::Block>& models() const { return models_; }
+    // Told after each model is written: its file and its first camera's name.
+    std::function<void(const std::filesystem::path& file, const std::string& firstCamera)> saved;
     // Statements of the model last written that the writer has no call for,
     // and that its file therefore lacks.
     std::size_t statementsLeftOut() const { return statementsLeftOut_; }

@@ -15,6 +15,7 @@
 #include "scenereader/SceneReader.h"
 #include "renderer/LinkProtocol.h"
 #include "renderer/LinkSocket.h"
+#include "renderer/Registration.h"
 
 namespace renderer::testing {
 namespace {
@@ -76,8 +77,10 @@ class BadStreamTest : public ::testing::TestWithParam<BadStream> {};
 TEST_P(BadStreamTest, IsDroppedAndTheNextGoodStreamIsReceivedWhole) {
     PrivateHome home;
     const fs::path out = home.root() / "out";
-    const pid_t app = home.startApp({"--port", std::to_string(30000 + getpid() % 20000), "--out", out.string(),
-                                     "--max-stream", std::to_string(MAX_STREAM), "--idle-timeout", "500"});
+    // A range of ports, of which the renderer takes the first that is free.
+    ASSERT_EQ(registerRenderer({VANTREL_BIN_DIR "/vantrel-app", out, 30000, 30999}), "");
+    const pid_t app = home.startApp(
+        {"--out", out.string(), "--max-stream", std::to_string(MAX_STREAM), "--idle-timeout", "500"});
     const int port = home.portOf(app);
     ASSERT_GT(port, 0);
     ASSERT_EQ(sendStream(port, goodScene("held", 2), true).rfind("accepted", 0), 0u);
