@@ -58,6 +58,7 @@ public:
     // Models. A model keeps its address for the life of the session.
     Model& addModel(Model model);
     const std::deque<Model>& models() const { return models_; }
+    std::deque<Model>& models() { return models_; }
     // The model that `handle` stands for, or null if it is none of the session's.
     const Model* findModel(const void* handle) const;
     void setCurrentModel(Model* model) { currentModel_ = model; }

@@ -27,6 +27,12 @@ const Subcommand table[] = {
      "the\nfirst frame to all of it at the last. A MOVE is\n--rotate IDS [--axis A] --degrees D or\n"
      "--translate IDS --by X,Y,Z", "--output --rotate --axis --degrees --translate --by --frames", "a model file",
      runMotion},
+    {"render", "[--plugin PATH] [--workdir DIR] render MODEL",
+     "opens the model file and presses \"Vantrel Plugin Render\":\nthe plug-in sends the model to a running renderer, or\n"
+     "starts the registered one", "--plugin --workdir", "a model file", runRender},
+    {"script", "[--plugin PATH] [--workdir DIR] script FILE",
+     "runs a session from a script, one step a line: open MODEL,\npress COMMAND, answer DIALOG BUTTON, colour PART R G B,\n"
+     "pick IDS..., wait MS", "--plugin --workdir", "a script file", runScript},
     {"sample", "sample OUT.step", "writes the bundled sample model (and its mesh part beside it)", "", "OUT.step",
      runSample},
 };

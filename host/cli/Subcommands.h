@@ -35,5 +35,7 @@ int runExport(const Invocation& invocation);
 int runSample(const Invocation& invocation);
 int runComponents(const Invocation& invocation);
 int runMotion(const Invocation& invocation);
+int runScript(const Invocation& invocation);
+int runRender(const Invocation& invocation);
 
 }  // namespace host::cli

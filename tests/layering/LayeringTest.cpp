@@ -22,7 +22,8 @@ struct Layer {
 };
 
 // From the bottom up. The host stands in for the CAD system and the scene
-// tools for the renderer's side: neither may reach into the plug-in.
+// tools and the stand-in renderer for the renderer's side: none may reach
+// into the plug-in.
 const std::vector<Layer> layers = {
     {"platform/", {}},
     {"toolkit/", {"platform/"}},
@@ -34,6 +35,7 @@ const std::vector<Layer> layers = {
     {"scenereader/", {"importers/sceneapi/", "platform/"}},
     {"host/", {"scenereader/", "importers/sceneapi/", "toolkit/", "platform/"}},
     {"scenetools/", {"scenereader/", "importers/sceneapi/", "platform/"}},
+    {"renderer/", {"scenereader/", "importers/sceneapi/", "platform/"}},
 };
 
 const Layer* layerOf(const std::string& path) {
