@@ -9,51 +9,26 @@
 //
 // The renderer runs in a private home (HOME and the XDG folders in a
 // temporary folder), registered there, and is stopped at the end.
-#include <signal.h>
-#include <spawn.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <memory>
-#include <thread>
 
 #include "bench/GeneratedAssembly.h"
+#include "bench/PrivateRenderer.h"
 #include "host/Host.h"
 #include "host/Session.h"
 #include "host/cad/CadLoader.h"
 #include "host/cad/ExchangeReaders.h"
 #include "host/realmodel/ModelLoading.h"
-#include "renderer/InstanceDirectory.h"
-#include "renderer/Registration.h"
-
-extern char** environ;
 
 namespace {
 
 namespace fs = std::filesystem;
 using Clock = std::chrono::steady_clock;
-
-void usePrivateHome(const fs::path& folder) {
-    for (const char* name : {"HOME", "XDG_CONFIG_HOME", "XDG_CONFIG_DIRS", "XDG_RUNTIME_DIR", "XDG_DATA_HOME"}) {
-        fs::create_directories(folder / name);
-        setenv(name, (folder / name).c_str(), 1);
-    }
-}
-
-pid_t startRenderer(const fs::path& out) {
-    std::string program = VANTREL_BIN_DIR "/vantrel-app", outOption = "--out", outFolder = out.string();
-    char* arguments[] = {program.data(), outOption.data(), outFolder.data(), nullptr};
-    pid_t process = 0;
-    if (posix_spawn(&process, program.c_str(), nullptr, nullptr, arguments, environ) != 0) return 0;
-    for (int wait = 0; wait < 500 && renderer::runningInstances().empty(); ++wait)
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    return process;
-}
 
 // Seconds of one press of the command on a fresh copy of the model;
 // `prepare` scripts the dialogs of the command.
@@ -76,13 +51,11 @@ double timedPress(const fs::path& file, const char* command, Prepare prepare) {
 int main() {
     host::cad::quietKernelMessages();
     const fs::path folder = fs::temp_directory_path() / ("vantrel-live-road-bench-" + std::to_string(getpid()));
-    usePrivateHome(folder);
+    PrivateRenderer renderer(folder);
     fs::current_path(folder);
     const fs::path generated = folder / "generated-30.step";
     writeGeneratedAssembly(generated);
-    renderer::registerRenderer({VANTREL_BIN_DIR "/vantrel-app", folder / "resources", 47600, 47699});
-    const pid_t app = startRenderer(folder / "held");
-    if (app == 0 || renderer::runningInstances().empty()) {
+    if (!renderer.running()) {
         std::fprintf(stderr, "live_road_bench: the renderer didn't start\n");
         return 1;
     }
@@ -101,8 +74,6 @@ int main() {
                 "live / file %.2f (target 1.20 at most)\n",
                 static_cast<std::uintmax_t>(fs::file_size(exported)), file, live, live / file);
 
-    kill(app, SIGTERM);
-    waitpid(app, nullptr, 0);
     fs::current_path(fs::temp_directory_path());
     fs::remove_all(folder);
     return live <= 1.2 * file ? 0 : 1;
