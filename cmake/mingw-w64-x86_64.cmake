@@ -18,9 +18,10 @@ set(CMAKE_SHARED_LINKER_FLAGS_INIT "-static")
 set(CMAKE_MODULE_LINKER_FLAGS_INIT "-static")
 # Programs of the build run under Wine: headless, quiet, without the .NET and
 # HTML engines that it would offer to install, in a prefix of the build
-# directory, in an English locale (the ANSI code page 1252).
+# directory, with UTF-8 file names on the Linux side (the ANSI code page is
+# 1252).
 set(CMAKE_CROSSCOMPILING_EMULATOR env WINEPREFIX=${CMAKE_BINARY_DIR}/wine WINEDEBUG=-all
-    WINEDLLOVERRIDES=mscoree,mshtml= DISPLAY= LANG=en_US.UTF-8 LC_ALL= /usr/lib/wine/wine64)
+    WINEDLLOVERRIDES=mscoree,mshtml= DISPLAY= LANG=C.UTF-8 LC_ALL= /usr/lib/wine/wine64)
 
 # Libraries built for Windows at set-up time (scripts/test.sh --windows) live
 # in the build directory, each with its pkg-config file.

@@ -80,7 +80,7 @@ build_windows_tinyxml() {
 # BUILD_DIR/wine, made on the first run, with the settings of the toolchain's
 # emulator; its server stays up between the tests.
 start_wine() {
-  local wine=(env WINEPREFIX="$1/wine" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" DISPLAY= LANG=en_US.UTF-8 LC_ALL=)
+  local wine=(env WINEPREFIX="$1/wine" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" DISPLAY= LANG=C.UTF-8 LC_ALL=)
   if [ ! -f "$1/wine/system.reg" ]; then "${wine[@]}" /usr/lib/wine/wine64 wineboot --init; fi
   "${wine[@]}" /usr/lib/wine/wineserver -p60
 }

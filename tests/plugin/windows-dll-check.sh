@@ -8,7 +8,7 @@ dll="$1" expected="$2"
 dump="$(x86_64-w64-mingw32-objdump -p "$dll")"
 status=0
 
-exports="$(awk '/^\[Ordinal\/Name Pointer\] Table/ {on = 1; next} on && /^\s*\[/ {print $NF; next} on {on = 0}' \
+exports="$(awk '/^\[Ordinal\/Name Pointer\] Table/ {on = 1; next} on && /^[ \t]*\[/ {print $NF; next} on {on = 0}' \
   <<<"$dump" | x86_64-w64-mingw32-c++filt | sort -u)"
 if ! diff <(sort -u "$expected") <(echo "$exports"); then
   echo "the exports differ from $expected (< expected, > exported)"

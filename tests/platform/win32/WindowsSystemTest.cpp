@@ -27,7 +27,7 @@ using platform::NarrowEncoding;
 
 const wchar_t* wide(const std::u16string& text) { return reinterpret_cast<const wchar_t*>(text.c_str()); }
 
-// The tests run with the ANSI code page 1252, as Wine gives an English locale.
+// The tests run with the ANSI code page 1252, which Wine gives the C locale.
 class CodePage1252 : public ::testing::Test {
 protected:
     void SetUp() override { ASSERT_EQ(GetACP(), 1252u) << "the tests expect the ANSI code page 1252"; }
@@ -100,10 +100,12 @@ TEST_F(WideFolder, FilesOpenByWidePath) {
     ASSERT_NE(file, nullptr);
     std::fclose(file);
     EXPECT_EQ(platform::openFile((folder / "missing" / "a.txt").u16string(), u"rb"), nullptr);
-    // By narrow path in the code page, where the name fits it.
-    fs::create_directory(folder / fs::path(u"\u00e4"));
-    EXPECT_TRUE(platform::directoryExists(platform::wideToSystem((folder / fs::path(u"\u00e4")).u16string())));
-    EXPECT_FALSE(platform::directoryExists(platform::wideToSystem((folder / "none").u16string())));
+    // By narrow path in the code page, for a path that fits it.
+    const fs::path latin = fs::temp_directory_path() / fs::path(u"vantrel \u00e4\u00df");
+    fs::create_directory(latin);
+    EXPECT_TRUE(platform::directoryExists(platform::wideToSystem(latin.u16string())));
+    fs::remove(latin);
+    EXPECT_FALSE(platform::directoryExists(platform::wideToSystem(latin.u16string())));
 }
 
 TEST_F(WideFolder, DynamicLibraryLoadsByWidePathAndFindsItsEntries) {
