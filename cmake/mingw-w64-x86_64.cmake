@@ -24,8 +24,13 @@ set(CMAKE_CROSSCOMPILING_EMULATOR env WINEPREFIX=${CMAKE_BINARY_DIR}/wine WINEDE
     WINEDLLOVERRIDES=mscoree,mshtml= DISPLAY= LANG=C.UTF-8 LC_ALL= /usr/lib/wine/wine64)
 
 # Libraries built for Windows at set-up time (scripts/test.sh --windows) live
-# in the build directory, each with its pkg-config file.
-set(VANTREL_WINDOWS_PREFIX ${CMAKE_BINARY_DIR}/deps/prefix)
-list(APPEND CMAKE_FIND_ROOT_PATH ${VANTREL_WINDOWS_PREFIX})
-set(ENV{PKG_CONFIG_LIBDIR} ${VANTREL_WINDOWS_PREFIX}/lib/pkgconfig)
-set(ENV{PKG_CONFIG_PATH} "")
+# in the build directory, each with its pkg-config file. The checks of the
+# compiler read this file again in folders of their own: the project's folder
+# counts.
+get_property(in_try_compile GLOBAL PROPERTY IN_TRY_COMPILE)
+if(NOT in_try_compile)
+  set(VANTREL_WINDOWS_PREFIX ${CMAKE_BINARY_DIR}/deps/prefix)
+  list(APPEND CMAKE_FIND_ROOT_PATH ${VANTREL_WINDOWS_PREFIX})
+  set(ENV{PKG_CONFIG_LIBDIR} ${VANTREL_WINDOWS_PREFIX}/lib/pkgconfig)
+  set(ENV{PKG_CONFIG_PATH} "")
+endif()
