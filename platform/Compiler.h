@@ -3,8 +3,11 @@
 
 // Marks a function that the plug-in library exports to its host. Everything
 // else in the library is compiled with hidden visibility and stays inside.
+// A Windows DLL exports exactly what its module-definition file lists, by the
+// same names: marking a class there would export its private and inline
+// members too.
 #ifdef _WIN32
-#define VANTREL_EXPORT __declspec(dllexport)
+#define VANTREL_EXPORT
 #else
 #define VANTREL_EXPORT __attribute__((visibility("default")))
 #endif

@@ -26,7 +26,8 @@ public:
         activation_ = std::make_unique<host::SessionActivation>(session);
         auto table = host::hostFunctionTable();
         ProWchar errorText[256] = {};
-        started_ = user_initialize_plus(0, nullptr, "3.0", "M010", 0, errorText, directory_.c_str(), "", "",
+        const std::string directory = directory_.string();
+        started_ = user_initialize_plus(0, nullptr, "3.0", "M010", 0, errorText, directory.c_str(), "", "",
                                         host::applicationContext, 0, table.data(), static_cast<int>(table.size()),
                                         6) == 0;
     }

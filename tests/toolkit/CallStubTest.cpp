@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <string>
 
+#include "platform/Environment.h"
 #include "tests/toolkit/FakeHost.h"
 #include "toolkit/CallStub.h"
 
@@ -44,14 +45,14 @@ TEST(CallStub, MissAnswersItsValueAndSearchesAgainUntilTheHostHasIt) {
     double scale = -1;
     int made = -1;
     int drawn = -1;
-    setenv("VANTREL_TOOLKIT_DEBUG", "1", 1);
+    platform::setEnvironmentVariable("VANTREL_TOOLKIT_DEBUG", "1");
     testing::internal::CaptureStderr();
     EXPECT_EQ(TestViewMatrixGet(2, &scale), PRO_TK_GENERAL_ERROR);
     EXPECT_EQ(TestViewMatrixGet(2, &scale), PRO_TK_GENERAL_ERROR);
     std::string report = "TestViewMatrixGet_v  :TestViewMatrixGet_v:  couldn't find pointer to ProE-side function\n";
     EXPECT_EQ(testing::internal::GetCapturedStderr(), report + report) << "reported on every call";
 
-    unsetenv("VANTREL_TOOLKIT_DEBUG");
+    platform::removeEnvironmentVariable("VANTREL_TOOLKIT_DEBUG");
     testing::internal::CaptureStderr();
     EXPECT_EQ(TestXsecCreate(0.25f, &made), PRO_TK_COMM_ERROR);
     TestPolylineDraw(&drawn);
@@ -70,11 +71,11 @@ TEST(CallStub, MissAnswersItsValueAndSearchesAgainUntilTheHostHasIt) {
 }
 
 TEST(HostErrorReport, ReportIsCutAt259Characters) {
-    setenv("VANTREL_TOOLKIT_DEBUG", "1", 1);
+    platform::setEnvironmentVariable("VANTREL_TOOLKIT_DEBUG", "1");
     testing::internal::CaptureStderr();
     toolkit::reportHostError("ProX_v", "%s", std::string(400, 'm').c_str());
     std::string report = testing::internal::GetCapturedStderr();
-    unsetenv("VANTREL_TOOLKIT_DEBUG");
+    platform::removeEnvironmentVariable("VANTREL_TOOLKIT_DEBUG");
     EXPECT_EQ(report.size(), 259u);
     EXPECT_EQ(report.substr(0, 20), "ProX_v  :ProX_v:  mm");
 }

@@ -22,7 +22,8 @@ std::string narrow(std::u16string_view text, std::size_t size) {
 
 TEST(NarrowToBuffer, UnmappableCharacterIsLostNotGuessed) {
     testsupport::LocaleScope locale("C");
-    EXPECT_EQ(narrow(u"M\u00fcller \u6a21", 32), "Mller ");
+    // Omega is neither ASCII (the C locale) nor in Windows' code page 1252.
+    EXPECT_EQ(narrow(u"M\u03a9ller \u6a21", 32), "Mller ");
 }
 
 TEST(NarrowToBuffer, TooSmallBufferKeepsWholeCharactersAndEndsInside) {

@@ -9,6 +9,7 @@
 
 #include "importers/sceneapi/SceneApiLog.h"
 #include "importers/sceneapi/nvxLiveLoader.h"
+#include "platform/Environment.h"
 
 namespace livetest {
 
@@ -53,7 +54,7 @@ LiveEnvironment::LiveEnvironment()
     for (const auto& [name, value] : variables) {
         const char* old = std::getenv(name);
         saved_.push_back({name, old != nullptr, old ? old : ""});
-        ::setenv(name, value.c_str(), 1);
+        platform::setEnvironmentVariable(name, value);
     }
     previousDirectory_ = fs::current_path();
     fs::current_path(work);
@@ -69,9 +70,9 @@ LiveEnvironment::~LiveEnvironment() {
     fs::current_path(previousDirectory_);
     for (const Saved& variable : saved_) {
         if (variable.set)
-            ::setenv(variable.name.c_str(), variable.value.c_str(), 1);
+            platform::setEnvironmentVariable(variable.name, variable.value);
         else
-            ::unsetenv(variable.name.c_str());
+            platform::removeEnvironmentVariable(variable.name);
     }
     std::error_code ignored;
     fs::remove_all(root, ignored);
