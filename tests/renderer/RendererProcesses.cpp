@@ -8,7 +8,6 @@
 
 #include <chrono>
 #include <cstdlib>
-#include <fstream>
 #include <sstream>
 #include <thread>
 
@@ -113,13 +112,6 @@ std::string sendStream(int port, const std::string& bytes, bool finish) {
     std::string answer = receiveAll(socket, 20s);
     close(socket);
     return answer;
-}
-
-std::string fileText(const fs::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    std::stringstream text;
-    text << in.rdbuf();
-    return text.str();
 }
 
 std::size_t logLinesStartingWith(const fs::path& log, const std::string& start) {

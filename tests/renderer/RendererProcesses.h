@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/toolkit/FileText.h"
+
 namespace renderer::testing {
 
 class PrivateHome {
@@ -45,7 +47,7 @@ int runProgram(const std::string& program, const std::string& arguments, int sec
 // `finish`, the end-of-stream line; answers what the renderer answered.
 std::string sendStream(int port, const std::string& bytes, bool finish);
 
-std::string fileText(const std::filesystem::path& file);
+using testsupport::fileText;
 // Lines of the renderer's log that start with the text.
 std::size_t logLinesStartingWith(const std::filesystem::path& log, const std::string& start);
 
