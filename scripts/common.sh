@@ -78,11 +78,13 @@ build_windows_tinyxml() {
 
 # start_wine BUILD_DIR: Wine's prefix for the Windows tests in
 # BUILD_DIR/wine, made on the first run, with the settings of the toolchain's
-# emulator; its server stays up between the tests.
+# emulator; its server stays up between the tests. A new prefix is set up
+# by wineboot under a server that its services keep running: then that one
+# serves the tests, and the lasting server is not started beside it.
 start_wine() {
   local wine=(env WINEPREFIX="$1/wine" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" DISPLAY= LANG=C.UTF-8 LC_ALL=)
   if [ ! -f "$1/wine/system.reg" ]; then "${wine[@]}" /usr/lib/wine/wine64 wineboot --init; fi
-  "${wine[@]}" /usr/lib/wine/wineserver -p60
+  "${wine[@]}" /usr/lib/wine/wineserver -p60 2>/dev/null || true
 }
 
 # build_project_targets BUILD_DIR "TARGET..." [cmake options...]: configures
