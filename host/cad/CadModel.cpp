@@ -1,6 +1,7 @@
 #include "host/cad/CadModel.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace host::cad {
 
@@ -22,6 +23,11 @@ void Outline::add(const std::array<double, 3>& point) {
         min[i] = std::min(min[i], point[i]);
         max[i] = std::max(max[i], point[i]);
     }
+}
+
+double Outline::diagonal() const {
+    if (empty()) return 0.0;
+    return std::hypot(max[0] - min[0], max[1] - min[1], max[2] - min[2]);
 }
 
 namespace {

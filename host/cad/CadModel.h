@@ -30,6 +30,8 @@ struct Outline {
 
     bool empty() const { return min[0] > max[0]; }
     void add(const std::array<double, 3>& point);
+    // The length of the diagonal between the corners; 0 when empty.
+    double diagonal() const;
 };
 
 // What a shape looks like: a colour, optionally named and textured.

@@ -32,12 +32,6 @@ namespace {
 // finer than the meshes beside them.
 constexpr double trimToleranceShare = 1e-5;
 
-double diagonalOf(const Outline& outline) {
-    if (outline.empty()) return 0.0;
-    return std::hypot(outline.max[0] - outline.min[0], outline.max[1] - outline.min[1],
-                      outline.max[2] - outline.min[2]);
-}
-
 std::vector<double> flatKnots(const TColStd_Array1OfReal& sequence) {
     return std::vector<double>(sequence.begin(), sequence.end());
 }
@@ -233,7 +227,7 @@ std::shared_ptr<const InterfaceData> convertToInterfaceData(const CadModel& mode
         quiltOfId[quilt.id] = data->quilts.size();
         data->quilts.push_back({quilt.id, {}});
     }
-    const double trimTolerance = trimToleranceShare * diagonalOf(part.outline);
+    const double trimTolerance = trimToleranceShare * part.outline.diagonal();
     // The faces convert side by side, each into its own slot: the kernel's
     // conversion only reads the shapes that the faces share.
     std::vector<ConvertedFace> converted(part.faces.size());

@@ -16,6 +16,7 @@
 #include <TopoDS.hxx>
 #include <TopoDS_Compound.hxx>
 
+#include <algorithm>
 #include <cmath>
 #include <exception>
 #include <sstream>
@@ -121,12 +122,15 @@ bool fineEnough(const TopoDS_Face& bare, double chordHeight) {
     return chordHeight >= faceSize(bare) * finestRelativeChordHeight;
 }
 
+// Meshes made by one run of the mesher, by face index.
+using FaceMeshes = std::vector<std::pair<int, TessellationResult>>;
+
 // Meshes every face of the part in [first, last) that has no mesh at this
 // chord height yet, all at once with the mesher's parallel run on a copy of
 // them: edges that faces share are divided once, and faces are meshed side by
 // side. Faces that give no triangles here are left to be meshed alone, which
 // says why.
-void meshPart(CadShapes& shapes, int first, int last, double chordHeight) {
+FaceMeshes meshTogether(const CadShapes& shapes, int first, int last, double chordHeight) {
     std::vector<int> indexes;
     TopoDS_Compound bare;
     BRep_Builder builder;
@@ -138,7 +142,8 @@ void meshPart(CadShapes& shapes, int first, int last, double chordHeight) {
         builder.Add(bare, face);
         indexes.push_back(i);
     }
-    if (indexes.size() < 2) return;
+    FaceMeshes made;
+    if (indexes.size() < 2) return made;
     try {
         BRepBuilderAPI_Copy copier(bare, Standard_False, Standard_False);
         IMeshTools_Parameters parameters;
@@ -159,11 +164,12 @@ void meshPart(CadShapes& shapes, int first, int last, double chordHeight) {
             results[k] = std::make_shared<FaceTessellation>(collect(used, copy, *mesh, meshLocation.Transformation()));
         });
         for (size_t k = 0; k < indexes.size(); ++k) {
-            if (results[k]) shapes.keepTessellation(indexes[k], chordHeight, TessellationResult{results[k], {}});
+            if (results[k]) made.emplace_back(indexes[k], TessellationResult{results[k], {}});
         }
     } catch (const Standard_Failure&) {
         // Each face is then meshed alone, which names what failed.
     }
+    return made;
 }
 
 TessellationResult meshFace(const TopoDS_Face& used, int faceId, double chordHeight) {
@@ -206,10 +212,47 @@ TessellationResult tessellateFace(const CadModel& model, const CadFace& face, do
     CadShapes& shapes = *model.shapes;
     if (const TessellationResult* known = shapes.findTessellation(face.shapeIndex, chordHeight)) return *known;
     const auto [first, last] = shapes.partOf(face.shapeIndex);
-    meshPart(shapes, first, last, chordHeight);
+    for (auto& [index, made] : meshTogether(shapes, first, last, chordHeight))
+        shapes.keepTessellation(index, chordHeight, std::move(made));
     if (const TessellationResult* known = shapes.findTessellation(face.shapeIndex, chordHeight)) return *known;
     return shapes.keepTessellation(face.shapeIndex, chordHeight,
                                    meshFace(shapes.face(face.shapeIndex), face.id, chordHeight));
+}
+
+// Every part is meshed at the same share of its size as the part asked for,
+// the parts side by side: a part made of one large face keeps one core busy
+// while the others mesh the rest. Each part's meshes are made into a slot of
+// its own and kept once all are done.
+void meshModelAhead(const CadModel& model, int partIndex, double chordHeight) {
+    const double diagonal = model.parts.at(static_cast<size_t>(partIndex)).outline.diagonal();
+    const double share = chordHeight / diagonal;
+    if (!model.shapes || !(share > 0.0) || !std::isfinite(share)) return;
+    CadShapes& shapes = *model.shapes;
+    struct PartMeshes {
+        const CadPart* part;
+        double chordHeight;
+        FaceMeshes made;
+    };
+    std::vector<PartMeshes> parts;
+    for (const CadPart& part : model.parts) {
+        const double height = share * part.outline.diagonal();
+        if (!part.faces.empty() && height > 0.0) parts.push_back({&part, height, {}});
+    }
+    OSD_Parallel::For(0, static_cast<int>(parts.size()), [&](int k) {
+        PartMeshes& meshes = parts[k];
+        const auto [first, last] = shapes.partOf(meshes.part->faces.front().shapeIndex);
+        meshes.made = meshTogether(shapes, first, last, meshes.chordHeight);
+        for (const CadFace& face : meshes.part->faces) {
+            const bool made = std::any_of(meshes.made.begin(), meshes.made.end(),
+                                          [&](const auto& mesh) { return mesh.first == face.shapeIndex; });
+            if (!made && !shapes.findTessellation(face.shapeIndex, meshes.chordHeight))
+                meshes.made.emplace_back(face.shapeIndex,
+                                         meshFace(shapes.face(face.shapeIndex), face.id, meshes.chordHeight));
+        }
+    });
+    for (PartMeshes& meshes : parts) {
+        for (auto& [index, made] : meshes.made) shapes.keepTessellation(index, meshes.chordHeight, std::move(made));
+    }
 }
 
 }  // namespace host::cad

@@ -33,6 +33,11 @@ struct TessellationResult {
 // too fine for the face's size to mesh in reasonable time, is a failure.
 TessellationResult tessellateFace(const CadModel& model, const CadFace& face, double chordHeight);
 
+// Meshes every part of `model` at the share of its size that `chordHeight`
+// is of part `partIndex`'s size, all parts side by side, and keeps the meshes
+// as tessellateFace does. For a job that meshes the whole model anyway.
+void meshModelAhead(const CadModel& model, int partIndex, double chordHeight);
+
 // Chord heights below this share of a face's size are refused.
 inline constexpr double finestRelativeChordHeight = 1e-5;
 

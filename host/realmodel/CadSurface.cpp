@@ -20,6 +20,7 @@ const cad::CadFace& CadSurface::face() const {
 
 TessellationOutcome CadSurface::tessellate(double chordHeight, SurfaceMesh& mesh) const {
     const auto start = std::chrono::steady_clock::now();
+    if (model_->shapes && model_->shapes->takeMeshAhead()) cad::meshModelAhead(*model_, partIndex_, chordHeight);
     const cad::TessellationResult result = cad::tessellateFace(*model_, face(), chordHeight);
     if (progress_) progress_->count(partIndex_, chordHeight, std::chrono::steady_clock::now() - start);
     if (!result.ok()) return TessellationOutcome::Failed;

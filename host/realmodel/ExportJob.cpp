@@ -1,6 +1,5 @@
 #include "host/realmodel/ExportJob.h"
 
-#include <cmath>
 #include <cstdio>
 #include <fstream>
 #include <memory>
@@ -10,6 +9,7 @@
 #include "host/Host.h"
 #include "host/HostError.h"
 #include "host/cad/CadLoader.h"
+#include "host/cad/CadShapes.h"
 #include "host/realmodel/ModelLoading.h"
 #include "host/realmodel/TemporaryOutput.h"
 #include "scenereader/SceneReader.h"
@@ -70,15 +70,14 @@ void pressExport(const ExportRequest& request, const std::shared_ptr<const cad::
     session.script().chooseFile(output.u16string());
     scriptAnimationDialog(session.script(), request.settings);
     session.script().pressButton(finishDialog, finishButton);
+    if (model->shapes) model->shapes->meshWholeModelAhead();
     const auto start = Clock::now();
     host.press(exportCommand);
     report.times.exporting = Clock::now() - start;
     report.times.meshing = loaded.progress->meshingTime();
     report.chordHeight = loaded.progress->firstChordHeight();
     if (loaded.progress->firstPartIndex() >= 0) {
-        const cad::Outline outline = model->parts.at(static_cast<size_t>(loaded.progress->firstPartIndex())).outline;
-        const double diagonal = std::hypot(outline.max[0] - outline.min[0], outline.max[1] - outline.min[1],
-                                           outline.max[2] - outline.min[2]);
+        const double diagonal = model->parts.at(static_cast<size_t>(loaded.progress->firstPartIndex())).outline.diagonal();
         if (diagonal > 0.0) report.relativeChordHeight = report.chordHeight / diagonal;
     }
     if (!session.script().finished()) session.errors().add("the plug-in left some of the user's answers unasked for");

@@ -2,6 +2,7 @@
 #include <BRepBuilderAPI_MakeFace.hxx>
 #include <BRepPrimAPI_MakeBox.hxx>
 #include <BRepPrimAPI_MakeCylinder.hxx>
+#include <BRepPrimAPI_MakeSphere.hxx>
 #include <GeomAPI_PointsToBSplineSurface.hxx>
 #include <Geom_BSplineSurface.hxx>
 #include <ShapeAnalysis_Surface.hxx>
@@ -14,6 +15,9 @@
 #include <functional>
 
 #include "CadTestSupport.h"
+#include "host/cad/CadLoader.h"
+#include "host/cad/CadShapes.h"
+#include "host/cad/XdeDocumentBuilder.h"
 
 namespace host::cad::testing {
 namespace {
@@ -130,6 +134,42 @@ TEST(FaceTessellation, AnswersAreKeptPerChordHeight) {
     EXPECT_EQ(first.mesh, again.mesh);
     EXPECT_NE(first.mesh, finer.mesh);
     EXPECT_GT(finer.mesh->triangleCount(), first.mesh->triangleCount());
+}
+
+// A job that meshes the whole model makes every part's meshes at the first
+// request, at the same share of each part's size, the same meshes as asked
+// one by one; a request at that share, worked out for another part, finds
+// them instead of meshing again.
+TEST(FaceTessellation, MeshingAheadMakesEveryPartAtTheShareOfItsSizeThatTheFirstAsked) {
+    ScratchFolder folder;
+    XdeDocumentBuilder builder;
+    const TDF_Label top = builder.addAssembly("TOP");
+    builder.addComponent(top, builder.addPart("PLATE", BRepPrimAPI_MakeBox(80.0, 60.0, 10.0).Shape()), gp_Trsf());
+    builder.addComponent(top, builder.addPart("BALL", BRepPrimAPI_MakeSphere(9.0).Shape()), gp_Trsf());
+    builder.writeStep(folder.file("two.step"), "mm");
+    const CadModel ahead = loadCadModel(folder.file("two.step"));
+    const CadModel alone = loadCadModel(folder.file("two.step"));
+    const CadPart& plate = partNamed(ahead, "PLATE");
+    const CadPart& ball = partNamed(ahead, "BALL");
+    const int plateIndex = static_cast<int>(&plate - ahead.parts.data());
+    const double share = 3e-4;
+    const double ballHeight = ball.outline.diagonal() * 0.01 * share * 100.0;  // worked out as another would
+
+    meshModelAhead(ahead, plateIndex, share * plate.outline.diagonal());
+    const TessellationResult* made = ahead.shapes->findTessellation(ball.faces[0].shapeIndex, ballHeight);
+    ASSERT_NE(made, nullptr) << "the ball was meshed with the plate";
+    ASSERT_TRUE(made->ok());
+    EXPECT_EQ(tessellateFace(ahead, ball.faces[0], ballHeight).mesh, made->mesh) << "found, not meshed again";
+    const TessellationResult single = tessellateFace(alone, partNamed(alone, "BALL").faces[0], ballHeight);
+    ASSERT_TRUE(single.ok());
+    EXPECT_EQ(made->mesh->vertices, single.mesh->vertices);
+    EXPECT_EQ(made->mesh->triangles, single.mesh->triangles);
+    for (const CadFace& face : plate.faces) {
+        const TessellationResult* side = ahead.shapes->findTessellation(face.shapeIndex, share * plate.outline.diagonal());
+        EXPECT_TRUE(side && side->ok()) << "plate face " << face.id;
+    }
+    EXPECT_EQ(ahead.shapes->findTessellation(ball.faces[0].shapeIndex, ballHeight * 1.001), nullptr)
+        << "another chord height is another mesh";
 }
 
 TEST(FaceTessellation, UnusableChordHeights_bad_) {

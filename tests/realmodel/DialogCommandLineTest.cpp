@@ -12,6 +12,7 @@
 
 #include "animation/FraReader.h"
 #include "host/Host.h"
+#include "host/cad/CadShapes.h"
 #include "host/realmodel/ModelLoading.h"
 #include "host/realmodel/MotionRecording.h"
 #include "platform/CodePage.h"
@@ -43,14 +44,15 @@ void writeSettings(const fs::path& workdir, const std::string& elements) {
 }
 
 // The export as it ran before the settings went through the dialog: the
-// settings file written first, then the export command pressed.
+// settings file written first, then the export command pressed. The model is
+// meshed whole at the first request, as the command line's export does.
 void exportWithSettingsFile(const fs::path& model, const fs::path& workdir, const fs::path& scene) {
     const fs::path previous = fs::current_path();
     fs::current_path(workdir);
     {
         Session session;
         Host host(session, VANTREL_PLUGIN_FILE);
-        loadModelIntoSession(session, model.string());
+        loadModelIntoSession(session, model.string()).cad->shapes->meshWholeModelAhead();
         session.script().chooseFile(scene.u16string());
         session.script().pressButton("ExportFinished", "ExportOk");
         host.press("Vantrel Plugin Export");
