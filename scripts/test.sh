@@ -35,15 +35,8 @@ case "${1:-}" in
       -DCMAKE_BUILD_TYPE=RelWithDebInfo -DVANTREL_WERROR=ON -DVANTREL_BUILD_CAD=OFF -DVANTREL_BUILD_BENCH=OFF \
       -DVANTREL_REFERENCE_SCENE="$reference"
     cmake --build "$build_dir" -j "$(nproc)"
-    # Tests whose expectations are still those of POSIX systems ("/" in
-    # paths, the C locale's code page, "\n" line ends): the Linux suites run
-    # them; they run here once ported.
-    posix_only="FileWriterLocale.NumericLocaleStaysCAfterTheWriter|SettingsFile.SaveWritesEveryFieldInOrder"
-    posix_only+="|TexturePaths.BareNamesAreLookedForInEachFolderInOrder|HostLoading.MissingLibraryAndMissingEntryPointAreNamed"
-    posix_only+="|AnimationDialog.BrowseOffersTheLastFolderAndNameAndCancelAfterItChangesNothing"
-    posix_only+="|RunBoundary.GroupsAndObjectsNameANonAsciiPartAlike|PartExport.FileDialogOffersTheLastPathWithinItsBuffers"
     # A Wine client that loses its server is tried once more.
-    ctest_options=(-E "^($posix_only)\$" --repeat until-pass:2)
+    ctest_options=(--repeat until-pass:2)
     ;;
   *)
     build_dir="$VANTREL_ROOT/build"

@@ -10,12 +10,14 @@
 #include "scenereader/SceneAnimations.h"
 #include "scenereader/SceneReader.h"
 #include "tests/exporthost/ExportScenario.h"
+#include "tests/support/NativeForms.h"
 #include "tests/toolkit/FileText.h"
 
 namespace exporttest {
 namespace {
 
 using namespace host::fixtures;
+using testsupport::native;
 
 constexpr const char* dialog = "Vantrel_Animation";
 constexpr const char* panel = "Vantrel_Animation_Inputpanel";
@@ -118,9 +120,9 @@ TEST_F(AnimationDialog, BrowseOffersTheLastFolderAndNameAndCancelAfterItChangesN
     struct Case {
         std::string fraPath, directory, name;
     } cases[] = {
-        {"motions/walk.fra", "motions", "walk.fra"},
-        {"motions/" + name39 + ".fra", "motions", name39 + ".fra"},
-        {"motions/" + name40 + ".fra", "motions", ""},
+        {native("motions/walk.fra"), "motions", "walk.fra"},
+        {native("motions/" + name39 + ".fra"), "motions", name39 + ".fra"},
+        {native("motions/" + name40 + ".fra"), "motions", ""},
         {"walk.fra", "walk.fra", ""},
     };
     for (size_t i = 0; i < std::size(cases); ++i) {

@@ -8,12 +8,14 @@
 #include "host/geometry/TestSurface.h"
 #include "scenereader/SceneReader.h"
 #include "tests/exporthost/ExportScenario.h"
+#include "tests/support/NativeForms.h"
 
 namespace exporttest {
 namespace {
 
 using namespace host::fixtures;
 using scenereader::Block;
+using testsupport::native;
 
 
 std::vector<std::string> namesOf(const std::vector<const Block*>& blocks) {
@@ -306,12 +308,11 @@ TEST(PartExport, OtherModesAndNoModel) {
 }
 
 TEST(PartExport, FileDialogOffersTheLastPathWithinItsBuffers) {
-    const std::string folder = "/projects/widgets";
     const std::string longName(45, 'n');
     const std::pair<std::string, std::pair<std::u16string, std::u16string>> cases[] = {
-        {folder + "/wheel.vnz", {u"/projects/widgets", u"wheel.vnz"}},
-        {folder + "/" + longName + ".vnz", {u"/projects/widgets", u""}},
-        {"/" + std::string(300, 'd') + "/wheel.vnz", {u"", u""}},
+        {native("/projects/widgets/wheel.vnz"), {native(u"/projects/widgets"), u"wheel.vnz"}},
+        {native("/projects/widgets/" + longName + ".vnz"), {native(u"/projects/widgets"), u""}},
+        {native("/" + std::string(300, 'd') + "/wheel.vnz"), {u"", u""}},
     };
     for (const auto& [exportPath, offered] : cases) {
         ExportScenario run;

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "platform/CodePage.h"
 #include "tests/exporthost/ExportScenario.h"
 #include "tests/support/LocaleScope.h"
 
@@ -19,9 +20,17 @@ using testsupport::LocaleScope;
 TEST(RunBoundary, GroupsAndObjectsNameANonAsciiPartAlike) {
     struct Case {
         const char* locale;
-        const char* expected;  // the name in the locale's code page
+        const char* expected;  // the name in the system code page
     };
-    for (const Case& c : {Case{"C", "Zahnrad-"}, Case{"C.UTF-8", "Zahnrad-\xc3\xa4"}}) {
+#ifdef _WIN32
+    // Windows narrows through the system's ANSI code page, whatever the C
+    // library's locale: Western European under Wine's default settings.
+    ASSERT_EQ(platform::systemCodePageName(), "windows-1252");
+    const Case cases[] = {{"", "Zahnrad-\xe4"}};
+#else
+    const Case cases[] = {{"C", "Zahnrad-"}, {"C.UTF-8", "Zahnrad-\xc3\xa4"}};
+#endif
+    for (const Case& c : cases) {
         LocaleScope locale(c.locale);
         if (!locale.ok()) {
             ADD_FAILURE() << "the locale " << c.locale << " is not installed";

@@ -96,7 +96,7 @@ protected:
         ProError status = host::shims::ProTexturePathGet(context, name.c_str(), 1, &flag, path);
         return {status, path, flag};
     }
-    std::u16string under(const char* relative) { return (folder.root() / relative).u16string(); }
+    std::u16string under(const char* relative) { return (folder.root() / relative).make_preferred().u16string(); }
 
     PluginFolder folder;
 };

@@ -5,8 +5,11 @@
 #include "host/FunctionTable.h"
 #include "host/Host.h"
 #include "tests/host/PluginFolder.h"
+#include "tests/support/NativeForms.h"
 
 namespace {
+
+using testsupport::native;
 
 TEST(HostLoading, HandshakeAndStartupQuestionsAreAnsweredFromTheSession) {
     PluginFolder folder;
@@ -82,7 +85,8 @@ TEST(HostLoading, FailedStartIsReportedWithStatusAndErrorText) {
 TEST(HostLoading, MissingLibraryAndMissingEntryPointAreNamed) {
     host::Session session;
     std::string missing = hostErrorOf([&] { host::Host host(session, "/nonexistent/libnothing.so"); });
-    EXPECT_NE(missing.find("can't load the plug-in \"/nonexistent/libnothing.so\""), std::string::npos) << missing;
+    EXPECT_EQ(missing.rfind("can't load the plug-in \"", 0), 0u) << missing;
+    EXPECT_NE(missing.find(native("/nonexistent/libnothing.so\"")), std::string::npos) << missing;
 
     PluginFolder folder(VANTREL_TEST_PLUGIN_NO_TERMINATE);
     std::string lacking = hostErrorOf([&] { host::Host host(session, folder.plugin()); });

@@ -3,6 +3,7 @@
 #include <cstring>
 #include <string>
 
+#include "platform/CodePage.h"
 #include "tests/support/LocaleScope.h"
 #include "toolkit/btk/TextConversion.h"
 
@@ -27,22 +28,35 @@ TEST(NarrowToBuffer, UnmappableCharacterIsLostNotGuessed) {
 }
 
 TEST(NarrowToBuffer, TooSmallBufferKeepsWholeCharactersAndEndsInside) {
+#ifdef _WIN32
+    // Windows' system code page (1252 under Wine's default settings) has a
+    // byte for e-acute and none for the CJK character.
+    ASSERT_EQ(platform::systemCodePageName(), "windows-1252");
+    EXPECT_EQ(narrow(u"a\u00e9\u6a21b", 4), "a\xe9" "b");
+    EXPECT_EQ(narrow(u"a\u00e9\u00e9", 3), "a\xe9");
+#else
     testsupport::LocaleScope locale("C.UTF-8");
-    if (!locale.ok()) GTEST_SKIP() << "the C.UTF-8 locale is not installed";
-    EXPECT_EQ(narrow(u"abcdef", 4), "abc");
+    ASSERT_TRUE(locale.ok()) << "the C.UTF-8 locale is not installed";
     // a, e-acute of 2 bytes, a CJK character of 3 bytes, a surrogate pair of 4.
     EXPECT_EQ(narrow(u"a\u00e9\u6a21", 7), "a\xc3\xa9\xe6\xa8\xa1");
     EXPECT_EQ(narrow(u"a\u00e9\u6a21", 6), "a\xc3\xa9");
     EXPECT_EQ(narrow(u"a\u00e9\u6a21", 3), "a");
     EXPECT_EQ(narrow(u"a\U0001F600", 5), "a");
+#endif
+    EXPECT_EQ(narrow(u"abcdef", 4), "abc");
     EXPECT_EQ(narrow(u"abc", 1), "");
     char untouched = '#';
     EXPECT_EQ(btk::narrowToBuffer(u"abc", &untouched, 0), 0u);
     EXPECT_EQ(untouched, '#');
 
     char16_t wide[4];
+#ifdef _WIN32
+    EXPECT_EQ(btk::widenToBuffer("a\xe9\xe9", wide, 3), 2u);
+    EXPECT_EQ(std::u16string(wide), u"a\u00e9");
+#else
     EXPECT_EQ(btk::widenToBuffer("a\xf0\x9f\x98\x80", wide, 3), 1u) << "half a surrogate pair is dropped";
     EXPECT_EQ(std::u16string(wide), u"a");
+#endif
 }
 
 }  // namespace
