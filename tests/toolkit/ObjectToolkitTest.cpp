@@ -44,11 +44,12 @@ public:
 
 TEST(XObject, CountsFromZeroAndDeletesAtTheLastRelease) {
     auto* object = new Counted();
-    EXPECT_EQ(object->xrefcount(), 0);
+    const xobject* counts = object;
+    EXPECT_EQ(counts->xrefcount(), 0);
     {
         xrchandle<Counted> first(object);
         xrchandle<Counted> second(first);
-        EXPECT_EQ(object->xrefcount(), 2);
+        EXPECT_EQ(counts->xrefcount(), 2);
     }
     Uncounted plain;
     plain.xattach();
