@@ -4,6 +4,8 @@
 #include <BRepBuilderAPI_MakeFace.hxx>
 #include <BRepPrimAPI_MakeBox.hxx>
 #include <BRepPrimAPI_MakeCylinder.hxx>
+#include <BRepPrimAPI_MakeSphere.hxx>
+#include <BRepPrimAPI_MakeTorus.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopoDS.hxx>
 #include <gp_Pln.hxx>
@@ -82,6 +84,21 @@ TEST(ExportOfMadeModels, LengthUnitOfTheFileGivesTheMeterScale) {
     }
 }
 
+// A ball and a ring are one face each, large against the part: the scene's
+// meshes lie on their exact surfaces and the export puts the scene in place.
+TEST(ExportOfMadeModels, RoundPartsOfOneFaceEachPassTheChecksOfTheirExactSurfaces) {
+    ScratchFolder folder;
+    cad::XdeDocumentBuilder builder;
+    const TDF_Label top = builder.addAssembly("ROUND");
+    builder.addComponent(top, builder.addPart("BALL", BRepPrimAPI_MakeSphere(9.0).Shape()), moved(0, 0, 0));
+    builder.addComponent(top, builder.addPart("RING", BRepPrimAPI_MakeTorus(15.0, 3.0).Shape()), moved(40, 0, 0));
+    builder.writeStep(folder.file("round.step"), "mm");
+    const ExportedScene scene = exportFile(folder.file("round.step"), folder.path());
+    EXPECT_EQ(scene.report.sceneProblems, std::vector<std::string>{});
+    EXPECT_TRUE(scene.report.placed);
+    EXPECT_EQ(scene.report.summary.nurbsObjects, 2u);
+}
+
 TEST(ExportOfMadeModels, NormalsAndWindingFollowTheFaceAsUsed) {
     const TopoDS_Face sheet = BRepBuilderAPI_MakeFace(gp_Pln(gp::XOY()), 0.0, 10.0, 0.0, 10.0).Face();
     ScratchFolder upFolder;
@@ -103,7 +120,7 @@ ExportSettings meshesOnly() {
     return settings;
 }
 
-// Issue point 10: the colours of a STEP file reach the material keys as the
+// The colours of a STEP file reach the material keys as the
 // file writes them, not as the kernel keeps them (linear RGB, which would
 // give 255:81:0 and 154:255:8 here).
 TEST(ExportOfMadeModels, StepColoursReachTheMaterialsAsTheFileWritesThem) {

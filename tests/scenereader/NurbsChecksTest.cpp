@@ -135,4 +135,27 @@ TEST(NurbsChecks, MeshVerticesMustLieOnTheGroupsExactSurfaces) {
     }
 }
 
+// An accordion of 13 folds, 10 high: the 48 x 48 grid of samples leaves 2.7
+// between its points along a fold, while the tolerance is 0.38. A vertex on
+// the surface halfway between two samples still lies on it.
+TEST(NurbsChecks, AVertexBetweenTheSamplesOfALargeFoldedSurfaceLiesOnIt) {
+    Nurbs folded;
+    folded.uknot = {0, 0};
+    folded.pw.clear();
+    for (int k = 1; k <= 13; ++k) folded.uknot.push_back(k);
+    folded.uknot.push_back(13);
+    for (double y : {0.0, 10.0}) {
+        for (int k = 0; k <= 13; ++k) folded.pw.insert(folded.pw.end(), {double(k), y, k % 2 ? 10.0 : 0.0, 1.0});
+    }
+    const float u = 13.0f / 96.0f;  // halfway between the first two samples along the folds
+    SceneBytes mesh;
+    mesh.text("object \"m\" {\ngeometry \"triangles\" {\n\"vertices\" [ ")
+        .floats('c', {0, 0, 0, 13, 10, 10, u, 5, 10 * u})
+        .text("] ,\n\"triangles\" [ ")
+        .ints({0, 1, 2})
+        .text("] ,\n}\n}\n");
+    const std::string scene = "group \"g\" {\n" + folded.bytes() + mesh.str() + "}\n";
+    EXPECT_EQ(scenereader::checkScene(scenereader::parseScene(scene)), std::vector<std::string>{});
+}
+
 }  // namespace
