@@ -239,7 +239,7 @@ std::string binaryStl(uint32_t declared, uint32_t held) {
     return bytes;
 }
 
-// Issue point 4: a file named .stl that isn't one is refused from its first
+// A file named .stl that isn't one is refused from its first
 // bytes and size, before the kernel allocates for the triangles it claims.
 TEST(CadLoading, StlFilesAreCheckedBeforeTheKernelReadsThem_bad_) {
     ScratchFolder folder;

@@ -97,7 +97,7 @@ TEST(ExportCommandLine, BadInputIsNamedWithANonZeroExit_bad_) {
     EXPECT_NE(badAxis.err.find("--up needs x, y, z, -x, -y or -z"), std::string::npos);
 }
 
-// Issue point 5: standard output holds only the summary; what the kernel
+// Standard output holds only the summary; what the kernel
 // says goes to standard error, plain, and only with a file it can't read.
 TEST(ExportCommandLine, KernelMessagesGoToStandardErrorOnlyWhenAReadFails) {
     ScratchFolder folder;
@@ -136,7 +136,7 @@ int temporaryFiles(const std::filesystem::path& folder) {
     return count;
 }
 
-// Issue points 2, 7 and 3: the output is never the model, is checked before
+// The output is never the model, is checked before
 // the model is read, and replaces an earlier file only with a sound scene.
 TEST(ExportCommandLine, TheOutputIsCheckedFirstAndReplacedOnlyBySoundScenes) {
     ScratchFolder folder;

@@ -158,7 +158,7 @@ TEST(ExportOfMadeModels, StepColoursReachTheMaterialsAsTheFileWritesThem) {
     EXPECT_EQ(colours, (std::vector<std::string>{"204:255:51", "255:153:0"}));
 }
 
-// Issue point 6: names written in a legacy code page reach the scene with
+// Names written in a legacy code page reach the scene with
 // their letters, and the summary says which code page was detected.
 TEST(ExportOfMadeModels, NamesOfALegacyCodePageReachTheSceneWithTheirLetters) {
     testsupport::LocaleScope utf8("C.UTF-8");
@@ -177,7 +177,7 @@ TEST(ExportOfMadeModels, NamesOfALegacyCodePageReachTheSceneWithTheirLetters) {
         << describeReport(scene.report);
 }
 
-// Issue point 9: a STEP file of mesh-only items exports like an STL part, in its colour.
+// A STEP file of mesh-only items exports like an STL part, in its colour.
 TEST(ExportOfMadeModels, MeshOnlyStepItemsExportLikeAnStlPart) {
     ScratchFolder folder;
     const ExportedScene scene =

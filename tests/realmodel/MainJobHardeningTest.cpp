@@ -30,7 +30,7 @@ std::string writeDrilledBlock(const ScratchFolder& folder) {
     return path;
 }
 
-// Issue point 1: past about 0.9 the plug-in's retry ladder asks for negative
+// Past about 0.9 the plug-in's retry ladder asks for negative
 // chord heights, which the host refuses with a status; the ladder goes on
 // to a chord height the kernel meshes, and the run logs no error.
 TEST(MainJobHardening, FineQualitiesUpToOneExportEveryFace) {
