@@ -52,25 +52,32 @@ TEST(RunBoundary, GroupsAndObjectsNameANonAsciiPartAlike) {
     }
 }
 
-// A full disk: the file opens and takes the writes, and its close fails. The
-// run ends there: no finish dialog, no settings saved, the host lives on and
-// the next export works.
-TEST(RunBoundary, AFileThatCantBeClosedEndsTheRunAndTheNextExportWorks) {
-    ExportScenario run;
-    host::Model& plate = run.session.addModel(part(u"PLATE", 2));
-    run.open(plate, PRO_MODE_PART);
-    run.start();
-    run.session.script().chooseFile(u"/dev/full");
-    ::testing::internal::CaptureStderr();
-    EXPECT_EQ(run.press("Vantrel Plugin Export"), 0);
-    const std::string reported = ::testing::internal::GetCapturedStderr();
-    EXPECT_NE(reported.find("Vantrel Plugin Export: could not close file"), std::string::npos) << reported;
-    EXPECT_TRUE(run.session.errors().empty()) << "no finish dialog was shown: " << run.session.errors().messages().front();
-    EXPECT_FALSE(fs::exists(run.path("vantrel_plugin_settings.xml")));
+// A scene file that can't be opened (no such folder), or that opens and takes
+// the writes but can't be closed (a full disk): the run ends there, with no
+// finish dialog and no settings saved; the host lives on and the next export
+// works.
+TEST(RunBoundary, AFileThatCantBeOpenedOrClosedEndsTheRunAndTheNextExportWorks) {
+    const std::pair<std::u16string, std::string> cases[] = {
+        {u"/no/such/folder/scene.vnz", "Vantrel Plugin Export: could not open file"},
+        {u"/dev/full", "Vantrel Plugin Export: could not close file"},
+    };
+    for (const auto& [file, message] : cases) {
+        ExportScenario run;
+        host::Model& plate = run.session.addModel(part(u"PLATE", 2));
+        run.open(plate, PRO_MODE_PART);
+        run.start();
+        run.session.script().chooseFile(file);
+        ::testing::internal::CaptureStderr();
+        EXPECT_EQ(run.press("Vantrel Plugin Export"), 0);
+        const std::string reported = ::testing::internal::GetCapturedStderr();
+        EXPECT_NE(reported.find(message), std::string::npos) << reported;
+        EXPECT_TRUE(run.session.errors().empty()) << "no finish dialog was shown: " << run.session.errors().messages().front();
+        EXPECT_FALSE(fs::exists(run.path("vantrel_plugin_settings.xml")));
 
-    run.pressExport("after.vnz");
-    EXPECT_EQ(topGroup(run.readScene("after.vnz")).name(), "PLATE");
-    EXPECT_NE(run.settingsFile().find("after.vnz"), std::string::npos);
+        run.pressExport("after.vnz");
+        EXPECT_EQ(topGroup(run.readScene("after.vnz")).name(), "PLATE");
+        EXPECT_NE(run.settingsFile().find("after.vnz"), std::string::npos);
+    }
 }
 
 }  // namespace
