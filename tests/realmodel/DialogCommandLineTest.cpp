@@ -134,6 +134,26 @@ TEST(DialogCommandLine, BadMotionsAreNamedWithANonZeroExit_bad_) {
     }
 }
 
+// Motion files cut short or without the words "parts:" and "frames:": the
+// export ends within its time limit and writes its scene without animation.
+TEST(DialogCommandLine, TruncatedOrWordlessMotionFilesNeverHangTheExport) {
+    ScratchFolder folder;
+    const fs::path model = writeSample(folder);
+    const char* motions[] = {"", "no header words here\n1 2 3\n", "parts: 1\n", "parts: 1\n1 41\nframes: 2\n1 0 0",
+                             "frames: 2\n"};
+    for (size_t k = 0; k < std::size(motions); ++k) {
+        const fs::path motion = folder.path() / ("m" + std::to_string(k) + ".fra");
+        std::ofstream(motion, std::ios::binary) << motions[k];
+        const fs::path scene = folder.path() / ("m" + std::to_string(k) + ".vnz");
+        const ProgramRun run = runHost(
+            folder, "export " + quoted(model) + " -o " + quoted(scene) + " --no-nurbs --animation " + quoted(motion), 60);
+        ASSERT_EQ(run.exitCode, 0) << "motion " << k << ": " << run.err;
+        std::vector<std::string> problems;
+        EXPECT_TRUE(scenereader::readAnimations(scenereader::readSceneFile(scene.string()).root, problems).empty())
+            << "motion " << k;
+    }
+}
+
 // The ids of a component path as `components` lists them: "41 7\tframe/bolt".
 std::vector<std::vector<int>> pathsListed(const std::string& listing) {
     std::vector<std::vector<int>> paths;
