@@ -1,7 +1,7 @@
 #include "host/TextResources.h"
 
-#include <fstream>
-#include <sstream>
+
+#include "platform/WholeFile.h"
 
 namespace host {
 namespace {
@@ -51,11 +51,7 @@ const TextResources::ParsedFile& TextResources::load(const std::filesystem::path
     if (known != parsed_.end()) return known->second;
     std::string error = "can't be read";
     std::optional<MessageFile> file;
-    if (std::ifstream stream(path, std::ios::binary); stream) {
-        std::ostringstream content;
-        content << stream.rdbuf();
-        file = MessageFile::parse(content.str(), error);
-    }
+    if (const std::optional<std::string> content = platform::readWholeFile(path)) file = MessageFile::parse(*content, error);
     ParsedFile parsed = file ? ParsedFile(std::move(*file)) : ParsedFile("message file " + quoted(path) + ": " + error);
     return parsed_.emplace(path, std::move(parsed)).first->second;
 }

@@ -9,7 +9,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
-#include <sstream>
+
+#include "platform/WholeFile.h"
 
 namespace renderer {
 
@@ -72,11 +73,9 @@ std::vector<Instance> runningInstances() {
     std::sort(files.begin(), files.end());
     std::vector<Instance> instances;
     for (const fs::path& file : files) {
-        std::ifstream in(file);
-        std::stringstream text;
-        text << in.rdbuf();
-        Instance instance{numberIn(text.str(), "version_major"), numberIn(text.str(), "process_id"),
-                          numberIn(text.str(), "livelink_port"), file};
+        const std::string text = platform::readWholeFile(file).value_or("");
+        Instance instance{numberIn(text, "version_major"), numberIn(text, "process_id"),
+                          numberIn(text, "livelink_port"), file};
         if (!processExists(instance.processId)) {
             fs::remove(file, error);
             continue;

@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "importers/sceneapi/VantrelInstallation.h"
+#include "platform/WholeFile.h"
 #include "renderer/LinkProtocol.h"
 
 namespace renderer {
@@ -67,18 +68,11 @@ std::string sectionsFor(const char* hive, const RegistrationValues& values) {
            numberValue("LiveLinkMaxPort", values.lastPort);
 }
 
-std::string readFile(const fs::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    std::stringstream text;
-    text << in.rdbuf();
-    return text.str();
-}
-
 std::string rewriteHive(const fs::path& file, const std::string& sections) {
     if (file.empty()) return "no folder for the hive";
     std::error_code error;
     fs::create_directories(file.parent_path(), error);
-    const std::string text = withRendererSections(readFile(file), sections);
+    const std::string text = withRendererSections(platform::readWholeFile(file).value_or(""), sections);
     std::ofstream out(file, std::ios::binary | std::ios::trunc);
     out << text;
     return out.flush() ? std::string() : "can't write " + file.string();

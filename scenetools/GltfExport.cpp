@@ -11,9 +11,9 @@
 #include <TColStd_IndexedDataMapOfStringString.hxx>
 #include <TDocStd_Document.hxx>
 #include <fstream>
-#include <sstream>
 #include <stdexcept>
 
+#include "platform/WholeFile.h"
 #include "scenetools/GlbContainer.h"
 #include "scenetools/GltfAnimations.h"
 #include "scenetools/GltfCameras.h"
@@ -26,11 +26,9 @@ namespace scenetools {
 namespace {
 
 std::string readFile(const std::filesystem::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream bytes;
-    bytes << in.rdbuf();
-    if (!in) throw std::runtime_error("can't read back " + path.string());
-    return bytes.str();
+    std::optional<std::string> bytes = platform::readWholeFile(path);
+    if (!bytes) throw std::runtime_error("can't read back " + path.string());
+    return std::move(*bytes);
 }
 
 void writeFile(const std::filesystem::path& path, const std::string& bytes) {

@@ -13,11 +13,11 @@
 #include <algorithm>
 #include <cctype>
 #include <cmath>
-#include <fstream>
 #include <map>
 #include <set>
 
 #include "host/cad/PartBuilder.h"
+#include "platform/WholeFile.h"
 
 namespace host::cad {
 
@@ -146,8 +146,7 @@ bool isFace(const Undefined& entity) {
 // drops a styled item's reference to an entity it doesn't know, so the
 // reference is read from the file's text: "#37=STYLED_ITEM('',(#36),#24);".
 std::map<int, int> styledTargets(const std::filesystem::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    const std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    const std::string text = platform::readWholeFile(path).value_or("");
     std::map<int, int> styleOfTarget;
     const std::string keyword = "STYLED_ITEM";
     for (size_t at = text.find(keyword); at != std::string::npos; at = text.find(keyword, at + keyword.size())) {

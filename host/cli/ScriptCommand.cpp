@@ -1,23 +1,20 @@
 // vantrel-host script FILE: a session run from a script of the user's steps.
-#include <fstream>
 #include <iostream>
-#include <sstream>
 
 #include "host/cli/SessionScript.h"
 #include "host/cli/StartedPlugin.h"
 #include "host/cli/Subcommands.h"
+#include "platform/WholeFile.h"
 
 namespace host::cli {
 
 int runScript(const Invocation& invocation) {
     const std::filesystem::path file = std::filesystem::absolute(operandOf(invocation));
-    std::ifstream in(file);
-    if (!in) throw UsageError{"can't read the script " + file.string()};
-    std::stringstream script;
-    script << in.rdbuf();
+    const std::optional<std::string> script = platform::readWholeFile(file);
+    if (!script) throw UsageError{"can't read the script " + file.string()};
     return withStartedPlugin(invocation, [&](Session& session, Host& host) {
         try {
-            runSessionScript(script.str(), file.parent_path(), session, host, std::cout);
+            runSessionScript(*script, file.parent_path(), session, host, std::cout);
         } catch (const ScriptError& error) {
             session.errors().add(file.filename().string() + ": " + error.message);
         }

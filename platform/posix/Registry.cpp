@@ -4,10 +4,10 @@
 // the first directory of $XDG_CONFIG_DIRS that has one (default /etc/xdg).
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <sstream>
 
 #include "platform/RegistryNative.h"
+#include "platform/WholeFile.h"
 #include "platform/posix/RegistryFile.h"
 
 namespace platform::native {
@@ -46,11 +46,9 @@ fs::path localMachineFile() {
 RegistryKeys readHive(Hive hive) {
     fs::path file = hive == Hive::CurrentUser ? currentUserFile() : localMachineFile();
     if (file.empty()) return {};
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream) return {};
-    std::ostringstream bytes;
-    bytes << stream.rdbuf();
-    return parseRegistryExport(decodeRegistryFile(bytes.str()));
+    const std::optional<std::string> bytes = readWholeFile(file);
+    if (!bytes) return {};
+    return parseRegistryExport(decodeRegistryFile(*bytes));
 }
 
 // A key exists if it has a section of its own or a section below it, as a
