@@ -258,18 +258,20 @@ public:
         return s;
     }
 
-    // A point of the surface with its parameters.
+    // A point of surface number `surface` with its parameters.
     struct Sample {
         std::array<double, 3> point;
+        size_t surface;
         double u, v;
     };
 
-    // Points on a grid of n x n parameters across the domain.
-    void sample(int n, std::vector<Sample>& samples) const {
+    // Points on a grid of n x n parameters across the domain, as samples of
+    // surface number `surface`.
+    void sample(int n, size_t surface, std::vector<Sample>& samples) const {
         for (int i = 0; i <= n; ++i) {
             for (int j = 0; j <= n; ++j) {
                 const double u = u0() + (u1() - u0()) * i / n, v = v0() + (v1() - v0()) * j / n;
-                samples.push_back({at(u, v), u, v});
+                samples.push_back({at(u, v), surface, u, v});
             }
         }
     }
@@ -363,17 +365,14 @@ std::vector<std::array<double, 3>> meshVertices(const Block& geometry) {
 void checkMeshOnSurfaces(const Block& group, const std::string& where, NurbsFindings& findings) {
     constexpr int grid = 48;
     std::vector<SurfaceSampler> surfaces;
-    std::vector<std::pair<size_t, SurfaceSampler::Sample>> samples;  // by surface
+    std::vector<SurfaceSampler::Sample> samples;
     std::vector<std::array<double, 3>> vertices;
-    std::vector<SurfaceSampler::Sample> grown;
     for (const Block* object : group.children("object")) {
         const Block* geometry = object->child("geometry");
         if (!geometry) continue;
         if (geometry->name() == "nurbs") {
             if (auto sampler = SurfaceSampler::of(*geometry)) {
-                grown.clear();
-                sampler->sample(grid, grown);
-                for (const auto& sample : grown) samples.emplace_back(surfaces.size(), sample);
+                sampler->sample(grid, surfaces.size(), samples);
                 surfaces.push_back(std::move(*sampler));
             }
         } else if (geometry->name() == "triangles") {
@@ -396,14 +395,14 @@ void checkMeshOnSurfaces(const Block& group, const std::string& where, NurbsFind
         size_t nearest = 0;
         double nearestDistance = std::numeric_limits<double>::max();
         for (size_t k = 0; k < samples.size(); ++k) {
-            const double distance = squaredDistance(vertices[i], samples[k].second.point);
+            const double distance = squaredDistance(vertices[i], samples[k].point);
             if (distance < nearestDistance) nearestDistance = distance, nearest = k;
         }
         double distance = std::sqrt(nearestDistance);
         if (distance > tolerance) {
             // Only a vertex that the grid leaves too far is looked at closely.
-            const auto& [surfaceIndex, sample] = samples[nearest];
-            const SurfaceSampler& surface = surfaces[surfaceIndex];
+            const SurfaceSampler::Sample& sample = samples[nearest];
+            const SurfaceSampler& surface = surfaces[sample.surface];
             distance = surface.distanceNear(vertices[i], sample.u, sample.v, (surface.u1() - surface.u0()) / grid,
                                             (surface.v1() - surface.v0()) / grid);
         }

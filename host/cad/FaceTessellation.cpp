@@ -16,7 +16,6 @@
 #include <TopoDS.hxx>
 #include <TopoDS_Compound.hxx>
 
-#include <algorithm>
 #include <cmath>
 #include <exception>
 #include <sstream>
@@ -242,10 +241,11 @@ void meshModelAhead(const CadModel& model, int partIndex, double chordHeight) {
         PartMeshes& meshes = parts[k];
         const auto [first, last] = shapes.partOf(meshes.part->faces.front().shapeIndex);
         meshes.made = meshTogether(shapes, first, last, meshes.chordHeight);
+        std::vector<bool> made(static_cast<size_t>(last - first), false);
+        for (const auto& mesh : meshes.made) made[static_cast<size_t>(mesh.first - first)] = true;
         for (const CadFace& face : meshes.part->faces) {
-            const bool made = std::any_of(meshes.made.begin(), meshes.made.end(),
-                                          [&](const auto& mesh) { return mesh.first == face.shapeIndex; });
-            if (!made && !shapes.findTessellation(face.shapeIndex, meshes.chordHeight))
+            if (!made[static_cast<size_t>(face.shapeIndex - first)] &&
+                !shapes.findTessellation(face.shapeIndex, meshes.chordHeight))
                 meshes.made.emplace_back(face.shapeIndex,
                                          meshFace(shapes.face(face.shapeIndex), face.id, meshes.chordHeight));
         }
